@@ -1,0 +1,70 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "model/oxdata/materials/CMat.h"
+
+namespace Orlix::Data::Design {
+
+/// Design codes known; further codes get further numbers.
+enum class ConcCode : int { en1992_2004 = 1 };
+
+/// Country whose national choices apply.
+struct CCountry {
+  enum class Code : int { none = 0, unitedKingdom = 44 };
+};
+
+/// One number of a code, with where it stands: printed by the program's list of codes.
+struct CodeConstant {
+  std::string symbol;  ///< as the code prints it, for instance "alpha_cc"
+  double value{};      ///< SI; strains dimensionless
+  std::string clause;  ///< for instance "EN 1992-1-1, 3.1.6(1)P"
+};
+
+/// What a design code consists of: plain data, made by the code's own folder.
+struct CConcCodeData {
+  ConcCode code{ConcCode::en1992_2004};
+  CCountry::Code country{CCountry::Code::none};
+  std::string name;                       ///< for instance "EN 1992-1-1:2004"
+  std::string annex;                      ///< "recommended values" or the national annex
+  std::vector<CodeConstant> constants;    ///< national and general parameters
+  std::vector<CMat> concretes;            ///< standard grades, design values included
+  std::vector<CMatRebar> reinforcements;  ///< standard grades, prestressing steel after the bars
+  bool strengthReduction{};               ///< strength-reduction (phi) factors instead of partial factors
+  bool crackWidths{};                     ///< crack widths are computed
+};
+
+/// A design code with a country's national choices; cheap to copy.
+class CConcCode {
+ public:
+  CConcCode() : CConcCode(ConcCode::en1992_2004, CCountry::Code::none) {}
+  /// @throws std::invalid_argument when the country has no annex to the code.
+  CConcCode(ConcCode code, CCountry::Code country);
+
+  const CConcCodeData& Data() const { return *data_; }
+  std::shared_ptr<const CConcCodeData> DataPointer() const { return data_; }
+  bool IsStrengthReduction() const { return data_->strengthReduction; }
+  bool IsCrackWidthCode() const { return data_->crackWidths; }
+
+ private:
+  std::shared_ptr<const CConcCodeData> data_;
+};
+
+/// The code of a document.
+using ConcreteCode = CConcCode;
+
+/// A code that can be chosen, by the texts that documents and commands use.
+struct CodeChoice {
+  ConcCode code;
+  CCountry::Code country;
+  std::string_view name;   ///< "EN 1992-1-1:2004"
+  std::string_view annex;  ///< "recommended", "UK"
+};
+
+/// Every code with every annex that it has, in the order in which they are listed to users.
+const std::vector<CodeChoice>& KnownCodes();
+
+}  // namespace Orlix::Data::Design

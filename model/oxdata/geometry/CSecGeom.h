@@ -1,0 +1,85 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "model/oxnumeric/Vec.h"
+
+namespace Orlix::Data {
+
+/// One outline with its holes; vertices (y, z) [m] in order, the first not repeated at the end.
+struct SectionPolygon {
+  std::vector<Vec2<double>> outline;
+  std::vector<std::vector<Vec2<double>>> holes;
+  friend bool operator==(const SectionPolygon&, const SectionPolygon&) = default;
+};
+
+/// Shapes by parameters, and the free outline.
+enum class ShapeKind { none, polygon, rectangle, circle, ring, tee, ell, iBeam, box, trapezoid, ellipse };
+
+/// Dimensions of a parametric shape [m]; which ones a shape reads is told by `ShapeParameters`.
+struct ShapeDimensions {
+  double width{};            ///< overall, along y
+  double depth{};            ///< overall, along z
+  double diameter{};         ///< circle and ring, outer
+  double thickness{};        ///< ring wall
+  double flangeThickness{};  ///< tee, ell (the leg along y), iBeam, box: along z (top)
+  double webThickness{};     ///< tee, ell (the leg along z), iBeam, box: along y
+  double bottomWidth{};      ///< iBeam bottom flange; trapezoid bottom side (width is the top side)
+  double bottomThickness{};  ///< iBeam bottom flange, box bottom slab
+  friend bool operator==(const ShapeDimensions&, const ShapeDimensions&) = default;
+};
+
+/// A parameter a shape reads: its name in documents and where it is kept.
+struct ShapeParameter {
+  const char* name;
+  double ShapeDimensions::*member;
+  bool required;  ///< otherwise 0 takes the top's value (width, flangeThickness)
+};
+
+/// Parameters of a shape, in the order of documents; empty for none and polygon.
+const std::vector<ShapeParameter>& ShapeParameters(ShapeKind kind);
+/// Name of a shape in documents: "polygon", "rectangle", "circle", "ring", "T", "L", "I", "box",
+/// "trapezoid", "ellipse"; "" for none.
+const char* ShapeName(ShapeKind kind);
+/// The shape with a name; none when there is no such shape.
+ShapeKind ShapeWithName(const std::string& name);
+
+/// Geometry of a component: a free outline or a parametric shape, put in its place by a rotation
+/// about the shape's reference point and a shift of that point. The reference point of a parametric shape is
+/// the centre of its overall width and depth.
+class CSecGeom {
+ public:
+  /// No shape: no polygons, not valid.
+  CSecGeom() = default;
+  /// Free outlines, kept vertex by vertex.
+  explicit CSecGeom(std::vector<SectionPolygon> polygons);
+  CSecGeom(ShapeKind kind, const ShapeDimensions& dimensions, Vec2<double> centre = {},
+           double rotation = 0.0);
+
+  ShapeKind Kind() const { return kind_; }
+  const ShapeDimensions& Dimensions() const { return dimensions_; }
+  Vec2<double> Centre() const { return centre_; }      ///< (y, z) [m]; the origin for free outlines
+  double Rotation() const { return rotation_; }        ///< anticlockwise, from y towards z [rad]
+
+  /// The polygons of the geometry. Curved outlines become polygons of equal area.
+  /// @param tolerance  largest distance between curve and chord [m]; 0: 128 sides a full turn
+  ///                   (radius of the vertices +2e-4, second moment of area +3e-8, relative)
+  std::vector<SectionPolygon> Polygons(double tolerance) const;
+  /// Whether there is at least one polygon, each with area, no edges that cross, holes inside the
+  /// outline and apart from each other, and no two polygons that overlap.
+  bool hasValidPolygons() const;
+  /// What is wrong with the polygons, in words, with the place in metres; empty: nothing.
+  std::string PolygonProblem() const;
+
+  friend bool operator==(const CSecGeom&, const CSecGeom&) = default;
+
+ private:
+  ShapeKind kind_{ShapeKind::none};
+  ShapeDimensions dimensions_;
+  std::vector<SectionPolygon> polygons_;
+  Vec2<double> centre_;
+  double rotation_{};
+};
+
+}  // namespace Orlix::Data
