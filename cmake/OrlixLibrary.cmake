@@ -1,0 +1,38 @@
+# orlix_add_library(name
+#   HEADERS a.h ...          public: found as "<folder>/a.h" from the repository root, each compiled alone
+#   SOURCES a.cpp ...        none for a folder of headers only
+#   TESTS   a ...            test/a_test.cpp; all of a folder make one executable <name>_test, label <name>
+#   DEPENDS other ...        libraries whose headers ours include
+#   PRIVATE_DEPENDS other ...)  libraries that only our sources include
+# Makes the static (or header-only) library <name> with the alias Orlix::<name>.
+function(orlix_add_library name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "HEADERS;SOURCES;TESTS;DEPENDS;PRIVATE_DEPENDS")
+  if(arg_UNPARSED_ARGUMENTS)
+    message(FATAL_ERROR "${name}: unknown arguments ${arg_UNPARSED_ARGUMENTS}")
+  endif()
+
+  if(arg_SOURCES)
+    add_library(${name} STATIC ${arg_SOURCES})
+    set(scope PUBLIC)
+    target_link_libraries(${name} PRIVATE orlix_flags ${arg_PRIVATE_DEPENDS})
+  else()
+    add_library(${name} INTERFACE)
+    set(scope INTERFACE)
+  endif()
+  add_library(Orlix::${name} ALIAS ${name})
+  target_compile_features(${name} ${scope} cxx_std_20)
+  target_link_libraries(${name} ${scope} ${arg_DEPENDS})
+  target_sources(${name} ${scope}
+    FILE_SET HEADERS BASE_DIRS ${PROJECT_SOURCE_DIR} FILES ${arg_HEADERS})
+
+  if(VELMO_BUILD_TESTS AND arg_TESTS)
+    list(TRANSFORM arg_TESTS REPLACE "(.+)" "test/\\1_test.cpp" OUTPUT_VARIABLE test_sources)
+    add_executable(${name}_test ${test_sources})
+    target_link_libraries(${name}_test
+      PRIVATE ${name} ${arg_PRIVATE_DEPENDS} orlix_flags GTest::gtest_main)
+    gtest_discover_tests(${name}_test
+      DISCOVERY_MODE PRE_TEST
+      WORKING_DIRECTORY ${PROJECT_SOURCE_DIR}
+      PROPERTIES LABELS ${name})
+  endif()
+endfunction()
