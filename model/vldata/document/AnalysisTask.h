@@ -1,0 +1,102 @@
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "model/oxnumeric/Vec.h"
+#include "model/oxutil/BaseEntity.h"
+#include "model/oxutil/Enumerations.h"
+#include "model/oxutil/json_fwd.h"
+#include "model/vldata/document/UlSResult.h"
+
+namespace Orlix::Data::Velmo9 {
+
+/// One load case: its input is (N, Myy, Mzz) or (eps0, kyy, kzz), by the task's load action.
+struct TaskCase {
+  std::string name;  ///< UTF-8, may be empty
+  Vec3<double> input;
+};
+
+/// How a task preloads one of its components.
+struct ComponentPreload {
+  bool barsExcluded{};  ///< the bars were added later: they do not take the locked-in strain
+};
+
+/// What a solver run leaves in a task; immutable and shared by the copies of the task.
+struct TaskResults {
+  std::uint64_t stamp{};  ///< of all that the run read besides the cases
+  LoadAction action{LoadAction::load};
+  std::vector<UlsCaseSolution> uls;  ///< by case; empty when the task does not compute ULS
+  std::shared_ptr<const DetailedIntegrationResult::ComponentMap> ulsComponents;
+};
+
+/// An analysis task of a section: cases, settings and, once solved, results.
+class AnalysisTask : public BaseEntity {
+ public:
+  /// A load-driven ULS task that includes every component and has no case.
+  AnalysisTask() = default;
+
+  const std::string& Name() const { return name_; }
+  void SetName(std::string name) { name_ = std::move(name); }
+
+  bool ComputesULS() const { return computesUls_; }
+  bool ComputesSLS() const { return computesSls_; }
+  void SetLimitStates(bool uls, bool sls);
+  /// Whether the cases are loads or deformations.
+  LoadAction Action() const { return action_; }
+  void SetAction(LoadAction action) { action_ = action; }
+
+  /// Whether a component is enabled in the task.
+  bool IncludesComponent(int component) const;
+  /// @param components  the indices enabled; without a call all components are
+  void SetIncludedComponents(std::set<int> components);
+  void IncludeAllComponents();
+  bool IncludesAllComponents() const { return includesAll_; }
+
+  /// Components that take a locked-in strain plane, by index.
+  const std::map<int, ComponentPreload>& ComponentPreloads() const { return preloads_; }
+  void SetComponentPreload(int component, ComponentPreload preload) { preloads_[component] = preload; }
+
+  const std::vector<TaskCase>& Cases() const { return cases_; }
+  int NumCases() const { return static_cast<int>(cases_.size()); }
+  /// Appends an empty case.
+  void addCase() { cases_.emplace_back(); }
+  void addCase(TaskCase taskCase) { cases_.push_back(std::move(taskCase)); }
+  /// @throws std::out_of_range for no such case.
+  void SetCaseInput(int iCase, const Vec3<double>& input);
+
+  /// Takes the results of a solver run over the cases as they are now.
+  void SetResults(std::shared_ptr<const TaskResults> results) { results_ = std::move(results); }
+  void DropResults() { results_.reset(); }
+  const std::shared_ptr<const TaskResults>& Results() const { return results_; }
+  /// Whether a case has results that belong to its input and to the task's load action as they are
+  /// now. Changes of the section, the materials or the code drop the results (`DropOutdatedResults`).
+  bool IsCaseAnalysed(int iCase) const;
+  /// The ULS result of a case; failed and zero when the case is not analysed.
+  /// @param withDetails  false: the response comes without component details
+  UlSResult ULSResult(int iCase, bool withDetails) const;
+
+  /// The task as it stands in a document.
+  /// @param withCases      writes the cases
+  /// @param withNames      writes the names of the task and its cases
+  /// @param firstCase      the first case written
+  Util::JsonValue toJson(Util::JsonAllocator& allocator, bool withCases, bool withNames,
+                         unsigned long long firstCase) const;
+
+ private:
+  std::string name_;
+  bool computesUls_{true};
+  bool computesSls_{false};
+  LoadAction action_{LoadAction::load};
+  bool includesAll_{true};
+  std::set<int> included_;
+  std::map<int, ComponentPreload> preloads_;
+  std::vector<TaskCase> cases_;
+  std::shared_ptr<const TaskResults> results_;
+};
+
+}  // namespace Orlix::Data::Velmo9

@@ -1,0 +1,116 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "model/oxdata/codes/CConcCode.h"
+#include "model/oxdata/materials/Materials.h"
+#include "model/oxutil/OrlixString.h"
+#include "model/oxutil/json_fwd.h"
+#include "model/vldata/document/CModelData.h"
+#include "model/vldata/document/VelmoSection.h"
+
+namespace Orlix::Data {
+
+/// Something in a JSON value that could not be taken over.
+struct ReadProblem {
+  std::string path;      ///< where, for instance "sections[1].components[2].grade"; numbers from 1
+  std::string found;     ///< what stands there
+  std::string expected;  ///< what should
+};
+
+/// Switches of a document that change numbers.
+struct DocumentOptions {
+  bool deductDisplacedConcrete{true};  ///< bars displace the concrete they sit in
+
+  friend bool operator==(const DocumentOptions&, const DocumentOptions&) = default;
+};
+
+/// The model document: titles, units, code, materials and sections with their tasks. Copies are
+/// independent, their material tables included.
+class CVelmoData : public CModelData {
+ public:
+  /// An empty document: default units, EN 1992-1-1:2004 with its standard grades, a fresh identity.
+  CVelmoData();
+  CVelmoData(const OrlixString<wchar_t>& title, const CUnit& units);
+  /// Builds the model from the form that `toJson` writes. Absent members take their defaults; what
+  /// is wrong takes its default too and stands in `ReadProblems`. Never throws for any JSON.
+  explicit CVelmoData(Util::JsonDocument& json);
+  CVelmoData(const CVelmoData& other);
+  CVelmoData& operator=(const CVelmoData& other);
+  CVelmoData(CVelmoData&&) noexcept = default;
+  CVelmoData& operator=(CVelmoData&&) noexcept = default;
+  ~CVelmoData() override = default;
+
+  /// Writes the whole model into a document, which becomes an object.
+  /// @param withFilePath  also where the document lives
+  void toJson(Util::JsonDocument& json, Util::JsonAllocator& allocator, bool withFilePath) const;
+  /// What the last reading of JSON into this document could not take over.
+  const std::vector<ReadProblem>& ReadProblems() const { return readProblems_; }
+
+  void setFilePath(const std::filesystem::path& path) { filePath_ = path; }
+  const std::filesystem::path& FilePath() const { return filePath_; }
+  void UpdateModelId();
+  const std::string& ModelId() const { return modelId_; }
+
+  /// Whether components carry grades of their own that have to be moved into the tables.
+  bool IsMigrationOfGradesRequired() const;
+  /// Moves such grades into the tables (one that is there already is used) and points the
+  /// components to them.
+  void SetUserDefinedGradesToSections();
+
+  std::vector<Velmo9::VelmoSection>& Sections() { return sections_; }
+  const std::vector<Velmo9::VelmoSection>& Sections() const { return sections_; }
+  int NumSections() const { return static_cast<int>(sections_.size()); }
+  /// A section. @throws std::out_of_range for no such section.
+  const Velmo9::VelmoSection& Section(int iSec) const;
+  Velmo9::VelmoSection& getSection(int iSec);
+  /// Appends a section with one default task.
+  Velmo9::VelmoSection& AddSection();
+  /// Appends a section of that geometry, without tasks.
+  Velmo9::VelmoSection& AddSection(const CSection& geometry);
+  Velmo9::VelmoSection& AddSection(const Velmo9::VelmoSection& section);
+
+  /// Sets the design code: {"concrete": name, "annex": "recommended" | "UK"}, or the name alone.
+  /// Grades that are the old code's standard ones become the new code's of the same name; others
+  /// stay. Something unknown changes nothing and stands in `ReadProblems`.
+  void SetCodes(const Util::JsonValue& json);
+  void SetCodes(const OrlixString<wchar_t>& name);
+  /// Sets or adds a grade: {"type": "concrete", "name": …, …} as in a document's material table.
+  /// @param onlyExisting  a grade of a new name is refused
+  void SetGrade(const Util::JsonValue& json, bool onlyExisting);
+  /// Gives a grade the standard values that the code has for its name; without such a standard
+  /// grade nothing changes.
+  void ResetGrade(MatType type, int grade);
+
+  const Design::ConcreteCode& concreteCode() const { return code_; }
+  std::shared_ptr<const Design::CConcCodeData> CodePointer() const { return code_.DataPointer(); }
+  std::shared_ptr<Materials> getMaterials() { return materials_; }
+  std::shared_ptr<const Materials> getMaterials() const { return materials_; }
+  /// @throws std::out_of_range for no such grade.
+  const Design::CMatRebar& ReinforcementMaterial(int grade) const {
+    return materials_->Reinforcement(grade);
+  }
+  const DocumentOptions& Options() const { return options_; }
+  void SetOptions(const DocumentOptions& options) { options_ = options; }
+
+  /// Whether some concrete component that a task includes has a material model in a load state
+  /// (for either load sign).
+  bool HasMaterialModel(const Velmo9::VelmoSection& section, int iTask, LoadState state,
+                        int model) const;
+  /// Whether cracked serviceability results apply to a task: model 20 or 22.
+  bool ShouldCalculateCracked(const Velmo9::VelmoSection& section, int iTask) const;
+
+ private:
+  std::vector<Velmo9::VelmoSection> sections_;
+  std::shared_ptr<Materials> materials_;
+  Design::ConcreteCode code_;
+  DocumentOptions options_;
+  std::filesystem::path filePath_;
+  std::string modelId_;
+  std::vector<ReadProblem> readProblems_;
+};
+
+}  // namespace Orlix::Data

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "model/oxnumeric/section/CompiledSection.h"
+#include "model/oxutil/Enumerations.h"
+#include "model/vldata/document/CVelmoData.h"
+#include "model/vldata/records/DetailedIntegrationResult.h"
+
+namespace Orlix::Data::Velmo9 {
+
+/// A section with the materials of a task and a load state, ready for the numeric kernel.
+struct CompiledTask {
+  Numeric::CompiledSection section;
+  std::shared_ptr<const DetailedIntegrationResult::ComponentMap> components;
+};
+
+/// The place where records meet the kernel: turns the components that a task includes into
+/// regions, point areas and tension-positive curves.
+class SectionCompiler {
+ public:
+  /// @return the compiled section; nothing when the task cannot be compiled, see `Problems`
+  static std::shared_ptr<const CompiledTask> Compile(const CVelmoData& document,
+                                                     const VelmoSection& section, int iTask,
+                                                     LoadState state);
+  /// What keeps a task from being compiled, one message line each; empty: nothing.
+  static std::vector<std::string> Problems(const CVelmoData& document, const VelmoSection& section,
+                                           int iTask, LoadState state);
+};
+
+/// Strain that a bar's preload locks in, as the calculators subtract it: a tensile preload gives a
+/// negative number. One function serves compile step, calculators and facade.
+double BarPreStrain(const CVelmoData& document, const CBar& bar, LoadState state);
+
+}  // namespace Orlix::Data::Velmo9
