@@ -4,7 +4,7 @@
 add_library(orlix_flags INTERFACE)
 target_compile_options(orlix_flags INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast -Wnon-virtual-dtor
-  -Woverloaded-virtual -Wnull-dereference -Wdouble-promotion
+  -Woverloaded-virtual -Wdouble-promotion
   # A result must not depend on which products the compiler fuses with their sums.
   -ffp-contract=off)
 

@@ -17,6 +17,8 @@ namespace Orlix::Data {
 /// bending stiffness and curvature follow from force, length and strain.
 class CUnit {
  public:
+  CUnit();
+
   /// Chooses the unit of a base dimension by its text.
   /// @return false, and nothing changes, when `text` is no unit of `dimension` or the dimension is
   /// compound.

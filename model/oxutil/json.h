@@ -31,7 +31,8 @@ bool ParseJson(std::istream& stream, JsonDocument& document, std::string& error)
 /// @throws std::length_error when `value` is nested deeper than kMaxJsonDepth.
 std::string PrettyJson(const JsonValue& value);
 
-/// @return a copy of `value` that shares nothing with it and lives in `allocator`.
+/// @return a deep copy of `value` in `allocator`; only texts that `value` merely refers to
+/// (literals) are shared.
 /// @throws std::length_error when `value` is nested deeper than kMaxJsonDepth.
 JsonValue CopyJson(const JsonValue& value, JsonAllocator& allocator);
 
