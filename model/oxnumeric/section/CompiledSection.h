@@ -1,0 +1,89 @@
+#pragma once
+
+#include <span>
+#include <vector>
+
+#include "model/oxnumeric/Vec.h"
+#include "model/oxnumeric/section/CSegment.h"
+#include "model/oxnumeric/section/StressCurve.h"
+
+namespace Orlix::Numeric {
+
+/// Strain plane (e0, ky, kz): e(y, z) = e0 + ky z - kz y.
+using Plane = Vec3<double>;
+/// Resultant (N, My, Mz): N = ∫σ dA, My = ∫σ z dA, Mz = -∫σ y dA.
+using Resultant = Vec3<double>;
+
+/// The vector phi(y, z) with e = phi·d and F = ∫ phi σ dA: the one place that knows the sign of y.
+inline Vec3<double> Phi(Vec2<double> p) { return {1.0, p.y, -p.x}; }
+
+/// A part of the section made of one curve. Regions do not overlap.
+struct RegionInput {
+  /// Outlines and holes in any order and sense; `isHole` tells them apart.
+  struct Ring {
+    std::vector<Vec2<double>> vertices;  ///< (y, z) [m]
+    bool isHole{};
+  };
+  std::vector<Ring> rings;
+  int curve{};     ///< index into SectionInput::curves
+  Plane locked{};  ///< strain plane locked in before the section was loaded
+};
+
+/// An area lumped at a point: a bar.
+struct PointAreaInput {
+  Vec2<double> position;  ///< (y, z) [m]
+  double area{};          ///< [m²]
+  int curve{};            ///< index into SectionInput::curves
+  double prestrain{};     ///< added to the strain of the section; tension positive
+  Plane locked{};         ///< locked-in plane that the bar takes
+  int host{-1};           ///< region it displaces material of; -1: none
+};
+
+/// What a section is made of; all tension positive, coordinates about the section's origin.
+struct SectionInput {
+  std::vector<CurveInput> curves;
+  std::vector<RegionInput> regions;
+  std::vector<PointAreaInput> points;
+};
+
+/// A section ready for integration: immutable, small, shared by all threads. Everything in it is
+/// about `centre`, the centre of gravity of the outlines, so that a far origin costs no digits.
+struct CompiledSection {
+  struct Region {
+    std::vector<std::vector<Vec2<double>>> rings;  ///< outlines anticlockwise, holes clockwise
+    std::vector<Vec2<double>> hull;                ///< of all outlines: where strains are extreme
+    int curve{};
+    Plane locked{};
+  };
+  struct PointArea {
+    Vec2<double> position;
+    double area{};
+    int curve{};
+    int displacedCurve{-1};  ///< curve of the material displaced; -1: none
+    double strainOffset{};   ///< locked-in strain at the bar and prestrain
+    double displacedOffset{};  ///< locked-in strain at the bar, without prestrain
+  };
+
+  std::vector<StressCurve> curves;
+  std::vector<Region> regions;
+  std::vector<PointArea> points;
+  Vec2<double> centre;       ///< (y, z) [m] in the section's axes
+  double radius{1.0};        ///< R: largest distance of a vertex or bar from the centre [m]
+  double squash{};           ///< F_s: Σ A |σ at the limit| [N], the scale of all tolerances
+  bool hasSteps{};           ///< some curve jumps upwards
+  bool softens{};            ///< some curve falls inside its limits
+  bool hasLocked{};          ///< some locked-in strain or prestrain counts in the limits
+
+  /// From the section's origin to the centre and back.
+  Plane ToLocal(const Plane& d) const;
+  Plane ToOrigin(const Plane& d) const;
+  Resultant LoadToLocal(const Resultant& f) const;
+  Resultant LoadToOrigin(const Resultant& f) const;
+};
+
+/// Prepares a section: merges duplicate vertices, drops rings without area, orients the rings,
+/// shifts to the centre and derives the solver's curves. O(n log n).
+/// @pre indices are in range and all numbers finite.
+CompiledSection Compile(const SectionInput& input);
+
+}  // namespace Orlix::Numeric

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <cstddef>
+#include <span>
+#include <vector>
+
+#include "model/oxnumeric/section/CSegment.h"
+
+namespace Orlix::Numeric {
+
+/// A material curve as the compile step gets it; tension positive.
+struct CurveInput {
+  std::vector<CSegment> segments;  ///< ascending, without gaps; the ends are the strain limits
+  double uniformLimit{};           ///< strain limit under uniform compression, positive; 0: none
+  bool compressionLimitIsCap{};    ///< the lower end is a numerical cap, not a material limit
+  bool tensionLimitIsCap{};        ///< the upper end is a numerical cap, not a material limit
+};
+
+/// A piecewise curve over all strains, for fast look-up. Tension positive.
+class PiecewiseCurve {
+ public:
+  PiecewiseCurve() = default;
+  /// @pre segments are ascending without gaps, the first from -infinity, the last to +infinity.
+  explicit PiecewiseCurve(std::vector<CSegment> segments);
+
+  const CSegment* data() const { return segments_.data(); }
+  std::size_t size() const { return segments_.size(); }
+  const CSegment& operator[](std::size_t i) const { return segments_[i]; }
+  /// Index of the segment [from, to) that holds a strain.
+  std::size_t Locate(double eps) const {
+    std::size_t i = middle_;
+    while (eps >= segments_[i].to) ++i;
+    while (eps < segments_[i].from) --i;
+    return i;
+  }
+
+ private:
+  std::vector<CSegment> segments_;
+  std::size_t middle_{};  // the segment that holds zero strain: where most searches end
+};
+
+/// A curve as the solver uses it. Beyond the limits the stress goes on with a small positive slope,
+/// so that an equilibrium exists for every load; no reported state lies there.
+struct StressCurve {
+  PiecewiseCurve exact;
+  PiecewiseCurve ramp;       ///< steps replaced by steep ramps: starts Newton; as exact without steps
+  PiecewiseCurve displaced;  ///< for material displaced by bars: steps no steeper than 100 GPa
+  double lower{};            ///< failure strain in compression, negative
+  double upper{};            ///< failure strain in tension, positive
+  double uniformLimit{};     ///< strain limit under uniform compression, positive; 0: none
+  double modulus{};          ///< reference modulus E0 [Pa]; 0 for a curve without stress
+  double maxStress{};        ///< largest |stress| within the limits [Pa]
+  double stressAtLower{};
+  double stressAtUpper{};
+  bool lowerIsCap{};
+  bool upperIsCap{};
+  bool hasSteps{};           ///< jumps upwards within the limits
+  bool softens{};            ///< falls somewhere within the limits
+};
+
+/// Derives the solver's forms of a curve.
+/// @pre  segments are not empty and hold zero strain.
+StressCurve MakeStressCurve(const CurveInput& input);
+
+}  // namespace Orlix::Numeric
