@@ -27,7 +27,8 @@ struct AreaMoments {
 ///         (2) the moments of an outline and of its holes, run the other way, add up.
 /// Error:  the sums run about the first vertex. With s the largest distance between vertices, d the
 ///         largest distance from the origin and u = 2⁻⁵³ the area errs by at most 3n² u s² however
-///         far the origin is, the first moments by 3n² u s² (s + d), the second by 3n² u s² (s + d)².
+///         far the origin is, the first moments by 3n² u s² (s + d), the second by 3n² u s² (s +
+///         d)².
 /// Source: S. F. Bockman, Amer. Math. Monthly 96 (1989), 131–132.
 AreaMoments MomentsOf(std::span<const Vec2<double>> outline);
 

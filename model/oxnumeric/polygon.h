@@ -34,8 +34,8 @@ enum class Location { inside, onBoundary, outside };
 /// @pre    as for `Orientation`; fewer than three vertices contain nothing.
 Location Contains(std::span<const Vec2<double>> outline, Vec2<double> point);
 
-/// A ring without repeated vertices: each vertex within a distance of the last one kept goes, and so
-/// do those at the end that lie so near to the first.
+/// A ring without repeated vertices: each vertex within a distance of the last one kept goes, and
+/// so do those at the end that lie so near to the first.
 /// @param tolerance  [m], >= 0; 0 takes out equal vertices alone.
 std::vector<Vec2<double>> WithoutDuplicates(std::span<const Vec2<double>> ring, double tolerance);
 

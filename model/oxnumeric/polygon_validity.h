@@ -22,8 +22,8 @@ enum class PolygonFault {
 /// Result of the check of one polygon.
 struct PolygonValidity {
   PolygonFault fault{PolygonFault::none};
-  std::string reason;      ///< in words; empty when nothing is wrong
-  Vec2<double> place;      ///< a point where it is wrong [m]; the origin when there is no such point
+  std::string reason;  ///< in words; empty when nothing is wrong
+  Vec2<double> place;  ///< a point where it is wrong [m]; the origin when there is no such point
   bool IsValid() const { return fault == PolygonFault::none; }
 };
 
@@ -34,9 +34,10 @@ struct PolygonView {
   std::span<const std::vector<Vec2<double>>> holes;
 };
 
-/// Checks a polygon as simple features define validity (OGC 06-103r4, 6.1.11). Repeated neighbouring
-/// vertices are no fault; nor are holes that touch the outline or each other in one point.
-/// A ring has no area when it encloses at most 1e-12 of the square of its bounding box's diagonal.
+/// Checks a polygon as simple features define validity (OGC 06-103r4, 6.1.11). Repeated
+/// neighbouring vertices are no fault; nor are holes that touch the outline or each other in one
+/// point. A ring has no area when it encloses at most 1e-12 of the square of its bounding box's
+/// diagonal.
 /// @throws std::runtime_error when the geometry library fails (out of memory).
 PolygonValidity ValidityOf(const PolygonView& polygon);
 
