@@ -1,9 +1,13 @@
 #include <rapidjson/reader.h>
 
-#include <cmath>
+#include <charconv>
+#include <cstdint>
 #include <istream>
+#include <optional>
 #include <streambuf>
+#include <system_error>
 
+#include "model/oxutil/ParseDouble.h"
 #include "model/oxutil/json.h"
 #include "model/oxutil/text.h"
 
@@ -80,21 +84,28 @@ constexpr const char* kTooBig = "a number within the range of doubles";
 constexpr const char* kTooDeep = "at most 64 arrays and objects within one another";
 static_assert(kMaxJsonDepth == 64);
 
+template <class Integer>
+bool Fills(std::string_view text, Integer& value) {
+  const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+  return error == std::errc() && stop == text.data() + text.size();
+}
+
 // Hands the reader's events on to the document, but for what the document must not hold.
-class Filter {
+class Filter : public rapidjson::BaseReaderHandler<rapidjson::UTF8<>, Filter> {
  public:
   explicit Filter(JsonDocument& document) : document_(document) {}
 
   bool Null() { return document_.Null(); }
   bool Bool(bool value) { return document_.Bool(value); }
-  bool Int(int value) { return document_.Int(value); }
-  bool Uint(unsigned value) { return document_.Uint(value); }
-  bool Int64(std::int64_t value) { return document_.Int64(value); }
-  bool Uint64(std::uint64_t value) { return document_.Uint64(value); }
-  bool Double(double value) {
-    return std::isfinite(value) ? document_.Double(value) : Refuse(kTooBig);
+  // The reader's own conversion is wrong in the last place, or, in its full-precision mode, reads
+  // outside its table for an exponent such as that of 0e-99999999999.
+  bool RawNumber(const char* text, rapidjson::SizeType size, bool) {
+    const std::string_view view(text, size);
+    if (std::int64_t value = 0; Fills(view, value)) return document_.Int64(value);
+    if (std::uint64_t value = 0; Fills(view, value)) return document_.Uint64(value);
+    const std::optional<double> value = ParseDouble(view);
+    return value ? document_.Double(*value) : Refuse(kTooBig);
   }
-  bool RawNumber(const char*, rapidjson::SizeType, bool) { return false; }  // not asked for
   bool String(const char* text, rapidjson::SizeType size, bool copy) {
     // Escaped halves of a surrogate pair pass the reader.
     const std::string_view view(text, size);
@@ -167,10 +178,11 @@ bool Parse(std::streambuf& bytes, JsonDocument& document, std::string& error) {
     error = input.Place(offset) + ": expected " + expected;
     return false;
   };
-  if (!input.SkipMark()) return fail(input.Tell(), kNotUtf8);
+  if (!input.SkipMark()) return fail(0, kNotUtf8);
 
   const auto read = [&](JsonDocument& target) {
-    constexpr unsigned kFlags = rapidjson::kParseIterativeFlag | rapidjson::kParseFullPrecisionFlag;
+    constexpr unsigned kFlags =
+        rapidjson::kParseIterativeFlag | rapidjson::kParseNumbersAsStringsFlag;
     Filter filter(target);
     rapidjson::Reader reader;
     const rapidjson::ParseResult result = reader.Parse<kFlags>(input, filter);
