@@ -1,7 +1,7 @@
 # orlix_add_library(name
 #   HEADERS a.h ...          public: found as "<folder>/a.h" from the repository root, each compiled alone
 #   SOURCES a.cpp ...        none for a folder of headers only
-#   TESTS   a ...            test/a_test.cpp; all of a folder make one executable <name>_test, label <name>
+#   TESTS   a sub/b ...      test/a_test.cpp, sub/test/b_test.cpp; together one executable <name>_test, label <name>
 #   DEPENDS other ...        libraries whose headers ours include
 #   PRIVATE_DEPENDS other ...)  libraries that only our sources include
 # Makes the static (or header-only) library <name> with the alias Orlix::<name>.
@@ -26,7 +26,7 @@ function(orlix_add_library name)
     FILE_SET HEADERS BASE_DIRS ${PROJECT_SOURCE_DIR} FILES ${arg_HEADERS})
 
   if(VELMO_BUILD_TESTS AND arg_TESTS)
-    list(TRANSFORM arg_TESTS REPLACE "(.+)" "test/\\1_test.cpp" OUTPUT_VARIABLE test_sources)
+    list(TRANSFORM arg_TESTS REPLACE "([^/]+)$" "test/\\1_test.cpp" OUTPUT_VARIABLE test_sources)
     add_executable(${name}_test ${test_sources})
     target_link_libraries(${name}_test
       PRIVATE ${name} ${arg_PRIVATE_DEPENDS} orlix_flags GTest::gtest_main)
