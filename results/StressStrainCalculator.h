@@ -1,0 +1,70 @@
+#pragma once
+
+#include <utility>
+
+#include "model/oxnumeric/Vec.h"
+#include "model/oxutil/Enumerations.h"
+#include "model/oxutil/OrlixString.h"
+#include "model/vldata/document/CVelmoData.h"
+#include "model/vldata/records/CaseULSDetails.h"
+#include "model/vldata/records/Deformation.h"
+#include "model/vldata/records/DetailedIntegrationResult.h"
+
+namespace Orlix {
+
+/// Strains and stresses at the vertices of the outlines and at the bars of a section, tension
+/// positive, recomputed from the strain plane of a solved case.
+class StressStrainCalculator {
+ public:
+  using ComponentDetails = Data::Velmo9::DetailedIntegrationResult::ComponentDetails;
+
+  /// @param document  gives the grades; must outlive the calculator
+  explicit StressStrainCalculator(const Data::CVelmoData& document) : document_(document) {}
+
+  /// Appends a record for every outline vertex and every bar of the components that the task
+  /// includes to the lists of `record`, by component index. The strains are those of the
+  /// integration result's deformation.
+  /// @throws std::out_of_range "invalid map<K, T> key" when the result lacks an included component;
+  ///         what was appended before stays.
+  void AddUlsPointResults(const Data::Velmo9::VelmoSection& section,
+                          Data::Velmo9::CaseULSDetails& record,
+                          const Data::Velmo9::DetailedIntegrationResult& result,
+                          const Data::Velmo9::AnalysisTask& task) const;
+
+  /// Replaces the summary of `record` by the extremes over the same samples.
+  /// @throws std::out_of_range as AddUlsPointResults; then the record keeps its summary.
+  void ComputeUlsSummary(const Data::Velmo9::VelmoSection& section,
+                         Data::Velmo9::CaseULSDetails& record,
+                         const Data::Velmo9::DetailedIntegrationResult& result,
+                         const Data::Velmo9::AnalysisTask& task) const;
+
+  /// Strain at a point (y, z) [m] of a component; with the locked-in strain when the task preloads
+  /// the component.
+  static double PointStrainWithPrestrain(const Data::Velmo9::Deformation& deformation,
+                                         Vec2<double> point,
+                                         const Data::Velmo9::AnalysisTask& task, int component,
+                                         const ComponentDetails& details);
+
+  /// Stress [Pa], tension positive, of a material curve, which counts compression positive.
+  static double Stress(const Data::Design::CMatCurveParam& curve, double strain);
+
+ private:
+  using GradeAndType = std::pair<OrlixString<wchar_t>, OrlixString<wchar_t>>;
+
+  /// Calls onPoint(component, gradeAndType, position, strain, stress) and
+  /// onBar(component, number, bar, strain, stress) for every sample, components in index order.
+  template <class OnPoint, class OnBar>
+  void VisitUls(const Data::Velmo9::VelmoSection& section,
+                const Data::Velmo9::DetailedIntegrationResult& result,
+                const Data::Velmo9::AnalysisTask& task, OnPoint onPoint, OnBar onBar) const;
+
+  double BarStrainWithPrestrain(const Data::CBar& bar, const Data::Velmo9::Deformation& deformation,
+                                LoadState state, const Data::Velmo9::AnalysisTask& task,
+                                int component, const ComponentDetails& details) const;
+  double BarPreStrain(const Data::CBar& bar, LoadState state) const;
+  GradeAndType GetGradeAndType(int grade, MatType type) const;
+
+  const Data::CVelmoData& document_;
+};
+
+}  // namespace Orlix
