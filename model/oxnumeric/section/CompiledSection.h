@@ -1,9 +1,9 @@
 #pragma once
 
-#include <span>
 #include <vector>
 
 #include "model/oxnumeric/Vec.h"
+#include "model/oxnumeric/linear_solve.h"
 #include "model/oxnumeric/section/CSegment.h"
 #include "model/oxnumeric/section/StressCurve.h"
 
@@ -64,15 +64,29 @@ struct CompiledSection {
     double displacedOffset{};  ///< locked-in strain at the bar, without prestrain
   };
 
+  /// A place where a strain limit is reached first: a hull vertex or a point area.
+  struct LimitPoint {
+    Vec3<double> phi;
+    double inverseUpper{};  ///< 1 / (upper limit - locked-in strain), positive
+    double inverseLower{};  ///< 1 / (lower limit - locked-in strain), negative
+    bool upperIsCap{};
+    bool lowerIsCap{};
+  };
+
   std::vector<StressCurve> curves;
   std::vector<Region> regions;
   std::vector<PointArea> points;
+  std::vector<LimitPoint> limits;
   Vec2<double> centre;       ///< (y, z) [m] in the section's axes
   double radius{1.0};        ///< R: largest distance of a vertex or bar from the centre [m]
-  double squash{};           ///< F_s: Σ A |σ at the limit| [N], the scale of all tolerances
+  double squash{};           ///< F_s: Σ A max|σ| [N], the scale of all tolerances
+  double mostTension{};      ///< no state within the limits carries more axial force [N]
+  double mostCompression{};  ///< or less, negative [N]
+  Sym3 elastic{};            ///< tangent with every curve at its reference modulus, full areas
   bool hasSteps{};           ///< some curve jumps upwards
   bool softens{};            ///< some curve falls inside its limits
-  bool hasLocked{};          ///< some locked-in strain or prestrain counts in the limits
+  bool hasLockedRegions{};   ///< some region has a locked-in plane
+  bool lockedBeyondLimit{};  ///< locked-in strain alone uses up a limit: no plane is admissible
 
   /// From the section's origin to the centre and back.
   Plane ToLocal(const Plane& d) const;
@@ -83,7 +97,7 @@ struct CompiledSection {
 
 /// Prepares a section: merges duplicate vertices, drops rings without area, orients the rings,
 /// shifts to the centre and derives the solver's curves. O(n log n).
-/// @pre indices are in range and all numbers finite.
+/// @pre indices are in range, all numbers finite, limits of the curves on both sides of zero.
 CompiledSection Compile(const SectionInput& input);
 
 }  // namespace Orlix::Numeric

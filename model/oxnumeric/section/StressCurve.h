@@ -29,8 +29,8 @@ class PiecewiseCurve {
   /// Index of the segment [from, to) that holds a strain.
   std::size_t Locate(double eps) const {
     std::size_t i = middle_;
-    while (eps >= segments_[i].to) ++i;
-    while (eps < segments_[i].from) --i;
+    while (eps >= segments_[i].to && i + 1 < segments_.size()) ++i;
+    while (eps < segments_[i].from && i > 0) --i;
     return i;
   }
 
