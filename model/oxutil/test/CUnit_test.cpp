@@ -2,8 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
 #include <stdexcept>
 #include <utility>
+#include <vector>
 
 namespace Orlix::Data {
 namespace {
@@ -11,49 +13,38 @@ namespace {
 // Display value of one SI unit. Factors: NIST SP 811 (2008), appendix B.8, to the digits printed
 // there, so the comparison is to 1e-6.
 TEST(CUnit, ConvertsToTheChosenUnit) {
-  const struct {
-    Dimension dimension;
-    const wchar_t* text;
-    double si;  // one of the unit in SI units
-  } kCases[] = {
-      {Dimension::force, L"N", 1},
-      {Dimension::force, L"kN", 1e3},
-      {Dimension::force, L"MN", 1e6},
-      {Dimension::force, L"kgf", 9.80665},
-      {Dimension::force, L"tf", 9806.65},
-      {Dimension::force, L"lbf", 4.448222},
-      {Dimension::force, L"kip", 4448.222},
-      {Dimension::length, L"m", 1},
-      {Dimension::length, L"cm", 0.01},
-      {Dimension::length, L"mm", 0.001},
-      {Dimension::length, L"ft", 0.3048},
-      {Dimension::length, L"in", 0.0254},
-      {Dimension::sectionDimensions, L"in", 0.0254},
-      {Dimension::stress, L"Pa", 1},
-      {Dimension::stress, L"kPa", 1e3},
-      {Dimension::stress, L"MPa", 1e6},
-      {Dimension::stress, L"N/mm\u00B2", 1e6},
-      {Dimension::stress, L"kN/m\u00B2", 1e3},
-      {Dimension::stress, L"psi", 6894.757},
-      {Dimension::stress, L"ksi", 6894757},
-      {Dimension::strain, L"\u03B5", 1},
-      {Dimension::strain, L"\u2030", 1e-3},
-      {Dimension::strain, L"m\u03B5", 1e-3},
-      {Dimension::strain, L"\u03BC\u03B5", 1e-6},
-      {Dimension::strain, L"%", 1e-2},
-      {Dimension::mass, L"kg", 1},
-      {Dimension::mass, L"t", 1e3},
-      {Dimension::mass, L"lb", 0.4535924},
-      {Dimension::temperature, L"\u00B0C", 1},
-      {Dimension::temperature, L"\u00B0F", 0.5555556},
-      {Dimension::temperature, L"K", 1},
+  const std::map<Dimension, std::vector<std::pair<const wchar_t*, double>>> kInSi = {
+      {Dimension::force,
+       {{L"N", 1},
+        {L"kN", 1e3},
+        {L"MN", 1e6},
+        {L"kgf", 9.80665},
+        {L"tf", 9806.65},
+        {L"lbf", 4.448222},
+        {L"kip", 4448.222}}},
+      {Dimension::length,
+       {{L"m", 1}, {L"cm", 0.01}, {L"mm", 0.001}, {L"ft", 0.3048}, {L"in", 0.0254}}},
+      {Dimension::sectionDimensions, {{L"m", 1}, {L"mm", 0.001}, {L"in", 0.0254}}},
+      {Dimension::stress,
+       {{L"Pa", 1},
+        {L"kPa", 1e3},
+        {L"MPa", 1e6},
+        {L"N/mm²", 1e6},
+        {L"kN/m²", 1e3},
+        {L"psi", 6894.757},
+        {L"ksi", 6894757}}},
+      {Dimension::strain, {{L"ε", 1}, {L"‰", 1e-3}, {L"mε", 1e-3}, {L"με", 1e-6}, {L"%", 1e-2}}},
+      {Dimension::mass, {{L"kg", 1}, {L"t", 1e3}, {L"lb", 0.4535924}}},
+      {Dimension::temperature, {{L"°C", 1}, {L"°F", 0.5555556}, {L"K", 1}}},
   };
-  for (const auto& c : kCases) {
-    SCOPED_TRACE(testing::Message() << static_cast<int>(c.dimension) << " " << c.text);
-    CUnit units;
-    ASSERT_TRUE(units.SetUnitString(c.dimension, c.text));
-    EXPECT_EQ(units.UnitString(c.dimension), c.text);
-    EXPECT_NEAR(units.Conversion(c.dimension) * c.si, 1, 1e-6);
+  for (const auto& [dimension, cases] : kInSi) {
+    for (const auto& [text, si] : cases) {
+      SCOPED_TRACE(text);
+      CUnit units;
+      ASSERT_TRUE(units.SetUnitString(dimension, text));
+      EXPECT_EQ(units.UnitString(dimension), text);
+      EXPECT_NEAR(units.Conversion(dimension) * si, 1, 1e-6);
+    }
   }
 }
 

