@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "model/oxnumeric/section/Scaling.h"
 #include "model/oxnumeric/section/gauge.h"
 
 namespace Orlix::Numeric {
@@ -13,48 +14,21 @@ constexpr double kStartGauge = 0.7;
 // Added to the tangent, over the elastic one, so that plateaus keep a direction.
 constexpr double kFirstRegularisation = 1e-13;
 constexpr double kNextRegularisation = 1e-6;
-// Makes the elastic tangent definite where bars on a line leave it singular: picks the smallest
-// curvature.
-constexpr double kSmallestStiffness = 1e-9;
-
-// All vectors here are scaled: planes (e0, ky R, kz R), loads (N, My/R, Mz/R).
-class Scaled {
- public:
-  explicit Scaled(const CompiledSection& section) : r_(section.radius), elastic_(Tangent(section.elastic)) {
-    const double smallest = kSmallestStiffness * elastic_.MaxDiagonal();
-    elastic_ = elastic_ + Sym3{smallest, 0, 0, smallest, 0, smallest};
+// Solves (k + mu K_el) step = b with the smallest mu that makes the matrix definite.
+bool SolveRegularised(const Sym3& k, const Sym3& elastic, const Vec3<double>& b,
+                      Vec3<double>& step) {
+  double mu = kFirstRegularisation;
+  for (int i = 0; i < 12; ++i) {
+    if (SolveCholesky(k + mu * elastic, b, step) && IsFinite(step)) return true;
+    mu = i == 0 ? kNextRegularisation : 10.0 * mu;
   }
-  Vec3<double> Load(const Resultant& f) const { return {f.x, f.y / r_, f.z / r_}; }
-  Plane ToPlane(const Vec3<double>& s) const { return {s.x, s.y / r_, s.z / r_}; }
-  Sym3 Tangent(const Sym3& k) const {
-    return {k.xx, k.xy / r_, k.xz / r_, k.yy / (r_ * r_), k.yz / (r_ * r_), k.zz / (r_ * r_)};
-  }
-  const Sym3& Elastic() const { return elastic_; }
-  double Size(const Plane& d) const { return std::abs(d.x) + r_ * std::hypot(d.y, d.z); }
-
-  // Solves (k + mu K_el) step = b with the smallest mu that makes the matrix definite.
-  bool Solve(const Sym3& k, const Vec3<double>& b, Vec3<double>& step) const {
-    double mu = kFirstRegularisation;
-    for (int i = 0; i < 12; ++i) {
-      if (SolveCholesky(k + mu * elastic_, b, step) && IsFinite(step)) return true;
-      mu = i == 0 ? kNextRegularisation : 10.0 * mu;
-    }
-    return false;
-  }
-
- private:
-  double r_;
-  Sym3 elastic_;
-};
-
-double Norm(const Vec3<double>& f) {
-  return std::max({std::abs(f.x), std::abs(f.y), std::abs(f.z)});
+  return false;
 }
 
-Plane ElasticStart(const CompiledSection& section, const Scaled& scaled, const Resultant& load) {
+Plane ElasticStart(const CompiledSection& section, const Scaling& scaling, const Resultant& load) {
   Vec3<double> s;
-  if (!SolveCholesky(scaled.Elastic(), scaled.Load(load), s)) return {};
-  const Plane d = scaled.ToPlane(s);
+  if (!SolveCholesky(scaling.Elastic(), scaling.Load(load), s)) return {};
+  const Plane d = scaling.ToPlane(s);
   if (!IsFinite(d)) return {};
   const double g = GaugeOf(section, d).value;
   if (!std::isfinite(g)) return {};
@@ -64,9 +38,9 @@ Plane ElasticStart(const CompiledSection& section, const Scaled& scaled, const R
 class Newton {
  public:
   Newton(const CompiledSection& section, const Resultant& load, CurveForm form)
-      : section_(section), scaled_(section), load_(scaled_.Load(load)), form_(form) {}
+      : section_(section), scaling_(section), load_(scaling_.Load(load)), form_(form) {}
 
-  const Scaled& Scale() const { return scaled_; }
+  const Scaling& Scale() const { return scaling_; }
 
   // Runs from `d` until the residual is within `tolerance` or the steps are used up.
   EquilibriumResult Run(const Plane& d, double tolerance, int maxIterations) {
@@ -74,11 +48,14 @@ class Newton {
     best.plane = d;
     Evaluate(d, best);
     for (; best.iterations < maxIterations && best.residual > tolerance; ++best.iterations) {
-      const Vec3<double> residual = scaled_.Load(best.response.force) - load_;
+      const Vec3<double> residual = scaling_.Load(best.response.force) - load_;
       Vec3<double> step;
-      if (!scaled_.Solve(scaled_.Tangent(best.response.tangent), -1.0 * residual, step)) break;
-      const double size = std::abs(step.x) + std::hypot(step.y, step.z);
-      const double cap = 0.02 + 2.0 * scaled_.Size(best.plane);
+      if (!SolveRegularised(scaling_.Tangent(best.response.tangent), scaling_.Elastic(),
+                            -1.0 * residual, step)) {
+        break;
+      }
+      const double size = StrainSize(step);
+      const double cap = 0.02 + 2.0 * StrainSize(scaling_.FromPlane(best.plane));
       if (size > cap) step = (cap / size) * step;
       if (!Search(step, Dot(residual, step), best)) break;
     }
@@ -90,7 +67,7 @@ class Newton {
   void Evaluate(const Plane& d, EquilibriumResult& at) const {
     at.plane = d;
     at.response = IntegrateWithTangent(section_, d, form_);
-    at.residual = Norm(scaled_.Load(at.response.force) - load_);
+    at.residual = MaxNorm(scaling_.Load(at.response.force) - load_);
   }
 
   // Line search on h(t) = residual(d + t step)·step, which rises with t for curves that do not
@@ -103,9 +80,9 @@ class Newton {
     double hHigh = 0.0;
     double t = 1.0;
     for (int i = 0; i < 30; ++i) {
-      Evaluate(from + scaled_.ToPlane(t * step), best);
+      Evaluate(from + scaling_.ToPlane(t * step), best);
       if (!std::isfinite(best.residual)) return false;
-      const double h = Dot(scaled_.Load(best.response.force) - load_, step);
+      const double h = Dot(scaling_.Load(best.response.force) - load_, step);
       if (std::abs(h) <= 0.8 * std::abs(h0) || (i == 0 && h < 0.0)) return true;
       if (h > 0.0) {
         high = t;
@@ -122,7 +99,7 @@ class Newton {
   }
 
   const CompiledSection& section_;
-  Scaled scaled_;
+  Scaling scaling_;
   Vec3<double> load_;
   CurveForm form_;
 };

@@ -1,0 +1,239 @@
+#include "model/oxnumeric/section/failure.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "model/oxnumeric/section/Scaling.h"
+#include "model/oxnumeric/section/boundary.h"
+#include "model/oxnumeric/section/equilibrium.h"
+
+namespace Orlix::Numeric {
+namespace {
+
+constexpr double kInfinity = std::numeric_limits<double>::infinity();
+// A force below this part of the squash force is no capacity: plain concrete in tension or bending.
+constexpr double kNoCapacity = 1e-9;
+// Slack when a found factor is compared with the start's: the accuracy of both.
+constexpr double kLambdaSlack = 1e-9;
+// dlambda/dgauge may vanish on a plastic plateau; below this part of lambda it is an entry.
+constexpr double kEntryRate = -1e-9;
+
+class FailureSearch {
+ public:
+  FailureSearch(const CompiledSection& section, const LoadPath& path, const PathPoint& start)
+      : section_(section), path_(path), start_(start), scale_(ScaledNorm(section, path.scaled)) {}
+
+  FailurePoint Run() {
+    if (!std::isfinite(start_.gauge) || !IsFinite(start_.plane)) return {};
+    if (!section_.softens) {
+      const FailurePoint direct = Direct();
+      if (direct.found) return direct;
+    }
+    PathPoint inside = start_;
+    double outside = kInfinity;
+    if (start_.gauge > 1.0) {
+      if (!FindInside(inside)) return {};
+      outside = start_.lambda;
+    }
+    FailurePoint failure = Continue(inside);
+    if (!failure.found) failure = Bracket(inside, outside);
+    return failure;
+  }
+
+ private:
+  FailurePoint Accept(const BoundaryPoint& p, bool isPeak = false) const {
+    const bool hasCapacity = p.lambda * scale_ >= kNoCapacity * section_.squash;
+    return {hasCapacity, p.lambda, p.plane, !isPeak && p.gauge.limitIsCap, isPeak};
+  }
+
+  bool IsExit(const BoundaryPoint& p) const {
+    return p.converged && p.lambda > 0.0 && p.lambdaRate >= kEntryRate * p.lambda;
+  }
+
+  // Newton from the start itself: almost always enough.
+  FailurePoint Direct() const {
+    const BoundaryPoint p = SolveAtGauge(section_, path_, AimedStart(), 1.0);
+    if (!IsExit(p)) return {};
+    const bool onSide = start_.gauge <= 1.0 ? p.lambda >= start_.lambda * (1.0 - kLambdaSlack)
+                                            : p.lambda <= start_.lambda * (1.0 + kLambdaSlack);
+    return onSide ? Accept(p) : FailurePoint{};
+  }
+
+  // The start moved along the response to B until it meets the boundary: that keeps the fixed load
+  // to first order. Proportional paths need no aim, radial return keeps their direction.
+  Plane AimedStart() const {
+    if (path_.fixed == Resultant{}) return start_.plane;
+    const Scaling scaling(section_);
+    const Sym3 k = scaling.Tangent(IntegrateWithTangent(section_, start_.plane).tangent);
+    Vec3<double> direction;
+    constexpr double kSoft = 1e-6;  // keeps the direction finite on a plateau
+    if (!SolveCholesky(k + kSoft * scaling.Elastic(), scaling.Load(path_.scaled), direction)) {
+      return start_.plane;
+    }
+    const Plane v = scaling.ToPlane(direction);
+    const double sign = start_.gauge <= 1.0 ? 1.0 : -1.0;
+    const auto excess = [&](double t) {
+      return sign * (GaugeOf(section_, start_.plane + (sign * t) * v).value - 1.0);
+    };
+    double low = 0.0;
+    double high = 1.0;
+    for (int i = 0; excess(high) < 0.0; ++i, high *= 2.0) {
+      if (i == 60 || !IsFinite(high * v)) return start_.plane;
+      low = high;
+    }
+    constexpr double kAim = 1e-2;  // Newton corrects the rest
+    while (high - low > kAim * high) {
+      const double middle = 0.5 * (low + high);
+      (excess(middle) < 0.0 ? low : high) = middle;
+    }
+    return start_.plane + (sign * high) * v;
+  }
+
+  // Point of the path at a factor: equilibrium from a nearby plane.
+  PathPoint At(double lambda, const Plane& near) const {
+    const EquilibriumResult e = SolveEquilibrium(section_, path_.At(lambda), &near);
+    if (!e.converged) return {lambda, near, kInfinity};
+    return {lambda, e.plane, GaugeOf(section_, e.plane).value};
+  }
+
+  // A point inside the strain domain at a smaller factor than the start, which is outside.
+  bool FindInside(PathPoint& inside) const {
+    constexpr double kSlack = 1.0 + 1e-9;
+    const double n = path_.fixed.x;
+    inside = At(0.0, Plane{});
+    if (inside.gauge <= 1.0) return true;
+    if (path_.scaled.x == 0.0 &&
+        (n > kSlack * section_.mostTension || n < kSlack * section_.mostCompression)) {
+      return false;
+    }
+    // The fixed load alone is outside: look for the point of the path that lies deepest.
+    const double golden = 0.5 * (std::sqrt(5.0) - 1.0);
+    double low = 0.0;
+    double high = start_.lambda;
+    PathPoint a = At(high - golden * (high - low), inside.plane);
+    PathPoint b = At(low + golden * (high - low), start_.plane);
+    constexpr int kSections = 48;  // the bracket shrinks to 1e-10
+    for (int i = 0; i < kSections; ++i) {
+      inside = a.gauge < b.gauge ? a : b;
+      if (inside.gauge <= 1.0) return true;
+      if (a.gauge < b.gauge) {
+        high = b.lambda;
+        b = a;
+        a = At(high - golden * (high - low), b.plane);
+      } else {
+        low = a.lambda;
+        a = b;
+        b = At(low + golden * (high - low), a.plane);
+      }
+    }
+    return false;
+  }
+
+  // Follows the path from an inside point by rising gauge; the only way to meet the load's peak
+  // when curves soften.
+  FailurePoint Continue(const PathPoint& from) const {
+    constexpr double kFirstGauge = 0.02;
+    constexpr double kSmallestStep = 1e-5;
+    BoundaryPoint at = SolveAtGauge(section_, path_, FirstPlane(from), std::max(from.gauge, kFirstGauge));
+    if (!at.converged) return {};
+    double step = 0.25;
+    while (at.gauge.value < 1.0 && step > kSmallestStep) {
+      const double gauge = at.gauge.value;
+      const double target = std::min(1.0, gauge + step);
+      const BoundaryPoint next =
+          SolveAtGauge(section_, path_, at.plane + (target - gauge) * at.planeRate, target);
+      if (!next.converged || !IsNear(at, next)) {
+        step *= 0.5;
+        continue;
+      }
+      if (section_.softens && next.lambdaRate < kEntryRate * std::abs(next.lambda)) {
+        return Accept(Peak(at, next), true);
+      }
+      at = next;
+      step = std::min(2.0 * step, 0.25);
+      if (target == 1.0) return IsExit(at) ? Accept(at) : FailurePoint{};
+    }
+    return {};
+  }
+
+  // Guards against a jump to another branch: the plane may not change more than its own size.
+  bool IsNear(const BoundaryPoint& a, const BoundaryPoint& b) const {
+    const Scaling scaling(section_);
+    return StrainSize(scaling.FromPlane(b.plane - a.plane)) <=
+           StrainSize(scaling.FromPlane(a.plane)) + StrainSize(scaling.FromPlane(b.plane));
+  }
+
+  // A plane with a direction: that of the point, or where it has none the elastic response to B.
+  Plane FirstPlane(const PathPoint& from) const {
+    constexpr double kNoDirection = 1e-6;
+    if (from.gauge > kNoDirection) return from.plane;
+    const Scaling scaling(section_);
+    Vec3<double> s;
+    if (!SolveCholesky(scaling.Elastic(), scaling.Load(path_.scaled), s)) return from.plane;
+    return scaling.ToPlane(s);
+  }
+
+  // The load's peak between a point where lambda rises and one where it falls.
+  BoundaryPoint Peak(BoundaryPoint rising, BoundaryPoint falling) const {
+    constexpr double kGaugeWidth = 1e-10;
+    while (falling.gauge.value - rising.gauge.value > kGaugeWidth) {
+      const double width = falling.gauge.value - rising.gauge.value;
+      const double secant = rising.lambdaRate / (rising.lambdaRate - falling.lambdaRate);
+      // Regula falsi kept within the middle, so that the bracket shrinks by a tenth at least.
+      const double target = rising.gauge.value + std::clamp(secant, 0.1, 0.9) * width;
+      const BoundaryPoint p = SolveAtGauge(section_, path_, rising.plane, target);
+      if (!p.converged) break;
+      (p.lambdaRate >= 0.0 ? rising : falling) = p;
+    }
+    return rising.lambda >= falling.lambda ? rising : falling;
+  }
+
+  // Bisection on the gauge of the equilibrium along the path: always ends.
+  FailurePoint Bracket(PathPoint low, double outside) const {
+    PathPoint high{outside, low.plane, kInfinity};
+    if (!std::isfinite(outside)) {
+      double lambda = low.lambda > 0.0 ? 2.0 * low.lambda : 1.0;
+      constexpr int kDoublings = 80;
+      for (int i = 0;; ++i, lambda *= 2.0) {
+        high = At(lambda, low.plane);
+        if (high.gauge > 1.0) break;
+        if (i == kDoublings) return {};
+        low = high;
+      }
+    }
+    constexpr double kWidth = 1e-13;
+    constexpr double kPolishWithin = 0.02;
+    while (high.lambda - low.lambda > kWidth * high.lambda) {
+      if (high.lambda * scale_ < kNoCapacity * section_.squash) return {};
+      const PathPoint middle = At(0.5 * (low.lambda + high.lambda), low.plane);
+      (middle.gauge > 1.0 ? high : low) = middle;
+      if (std::abs(middle.gauge - 1.0) < kPolishWithin) {
+        const BoundaryPoint p = SolveAtGauge(section_, path_, middle.plane, 1.0);
+        const double slack = kLambdaSlack * high.lambda;
+        if (IsExit(p) && p.lambda >= low.lambda - slack && p.lambda <= high.lambda + slack) {
+          return Accept(p);
+        }
+      }
+    }
+    BoundaryPoint last;
+    last.plane = low.plane;
+    last.lambda = low.lambda;
+    last.gauge = GaugeOf(section_, low.plane);
+    return Accept(last);
+  }
+
+  const CompiledSection& section_;
+  const LoadPath& path_;
+  const PathPoint& start_;
+  double scale_;
+};
+
+}  // namespace
+
+FailurePoint FindFailure(const CompiledSection& section, const LoadPath& path,
+                         const PathPoint& start) {
+  return FailureSearch(section, path, start).Run();
+}
+
+}  // namespace Orlix::Numeric
