@@ -1,0 +1,110 @@
+#include "app/PreSolutionChecks.h"
+
+#include "app/AppMessages.h"
+#include "app/model_indices.h"
+#include "model/vldata/response/SectionCompiler.h"
+
+namespace Orlix {
+
+using Data::CSecComp;
+using Data::Velmo9::AnalysisTask;
+using Data::Velmo9::SectionCompiler;
+using Data::Velmo9::VelmoSection;
+
+bool PreSolutionChecks::CheckSection(std::vector<std::string>& messages, int iSec) const {
+  using Check = bool (PreSolutionChecks::*)(int, std::vector<int>&) const;
+  const struct {
+    Check check;
+    const char* one;
+    const char* several;
+  } kChecks[] = {
+      {&PreSolutionChecks::HaveMaterialType, " has no material type.",
+       " have no material types."},
+      {&PreSolutionChecks::HaveMaterialGrade, " does not have a valid material grade.",
+       " do not have valid material grades."},
+      {&PreSolutionChecks::HaveMaterialCurves, " does not have valid material curves.",
+       " do not have valid material curves."},
+      {&PreSolutionChecks::HavePolygons, " is invalid.", " are invalid."},
+  };
+  if (!HasSection(document_, iSec)) messages.push_back(AppMessages::InvalidSection(iSec));
+  for (const auto& [check, one, several] : kChecks) {
+    std::vector<int> bad;
+    if (!(this->*check)(iSec, bad)) {
+      messages.push_back(AppMessages::AboutComponents(bad, one, several));
+    }
+  }
+  return messages.empty();
+}
+
+bool PreSolutionChecks::CheckTask(std::vector<std::string>& messages, int iSec, int iTask) const {
+  if (!HasSection(document_, iSec)) return CheckSection(messages, iSec);
+  if (iTask >= 0 && !HasTask(document_, iSec, iTask)) {
+    messages.push_back(AppMessages::TaskPrefix(iTask) + AppMessages::InvalidTask(iSec, iTask));
+  }
+  if (!IsAnyComponentEnabled(iSec, iTask)) {
+    messages.push_back(AppMessages::NoActiveComponents(iTask));
+  }
+  if (!CheckSection(messages, iSec)) return false;
+  // What the checks above find would be reported again by the compile step, so it is asked last.
+  const VelmoSection& section = document_.Section(iSec);
+  if (!section.Task(iTask).ComputesULS()) return true;
+  for (const std::string& problem :
+       SectionCompiler::Problems(document_, section, iTask, LoadState::ULS)) {
+    messages.push_back(AppMessages::TaskPrefix(iTask) + problem);
+  }
+  return messages.empty();
+}
+
+template <class Fails>
+bool PreSolutionChecks::Collect(int iSec, std::vector<int>& bad, Fails fails) const {
+  if (!HasSection(document_, iSec)) return true;
+  bool passed = true;
+  int number = 0;
+  for (const CSecComp& component : document_.Section(iSec).Components()) {
+    ++number;
+    if (!fails(component)) continue;
+    bad.push_back(number);
+    passed = false;
+  }
+  return passed;
+}
+
+bool PreSolutionChecks::HaveMaterialType(int iSec, std::vector<int>& bad) const {
+  return Collect(iSec, bad,
+                 [](const CSecComp& c) { return c.MaterialType() == MatType::none; });
+}
+
+bool PreSolutionChecks::HaveMaterialGrade(int iSec, std::vector<int>& bad) const {
+  const Data::Materials& materials = *document_.getMaterials();
+  return Collect(iSec, bad, [&](const CSecComp& c) {
+    return c.MaterialType() != MatType::none &&
+           !materials.IsValidGrade(c.MaterialType(), c.MaterialGrade());
+  });
+}
+
+bool PreSolutionChecks::HaveMaterialCurves(int iSec, std::vector<int>& bad) const {
+  const Data::Materials& materials = *document_.getMaterials();
+  return Collect(iSec, bad, [&](const CSecComp& c) {
+    if (!materials.IsValidGrade(c.MaterialType(), c.MaterialGrade())) return false;
+    const Data::Design::CMat& material = materials.Grade(c.MaterialType(), c.MaterialGrade());
+    return material.Curve(LoadState::ULS).Segments().empty() ||
+           material.Curve(LoadState::SLS).Segments().empty();
+  });
+}
+
+bool PreSolutionChecks::HavePolygons(int iSec, std::vector<int>& bad) const {
+  return Collect(iSec, bad, [](const CSecComp& c) { return !c.Geometry().hasValidPolygons(); });
+}
+
+bool PreSolutionChecks::IsAnyComponentEnabled(int iSec, int iTask) const {
+  if (!HasTask(document_, iSec, iTask)) return false;
+  const VelmoSection& section = document_.Section(iSec);
+  const AnalysisTask& task = section.Task(iTask);
+  int component = 0;
+  for (std::size_t i = 0; i < section.Components().size(); ++i) {
+    if (task.IncludesComponent(component++)) return true;
+  }
+  return false;
+}
+
+}  // namespace Orlix

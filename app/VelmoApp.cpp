@@ -1,0 +1,179 @@
+#include "app/VelmoApp.h"
+
+#include <rapidjson/document.h>
+
+#include <fstream>
+#include <string_view>
+
+#include "app/AppMessages.h"
+#include "app/PreSolutionChecks.h"
+#include "app/model_indices.h"
+#include "legacy/LegacyFileReader.h"
+#include "model/oxutil/JSONUtility.h"
+#include "model/oxutil/json.h"
+#include "model/oxutil/text.h"
+#include "model/vldata/response/SectionCompiler.h"
+
+namespace Orlix {
+
+using Data::CVelmoData;
+using Data::Velmo9::FileIOAttributes;
+using Util::JsonDocument;
+using Util::JsonValue;
+
+namespace {
+
+std::string Utf8(const std::filesystem::path& path) {
+  const std::u8string text = path.u8string();
+  return std::string(text.begin(), text.end());
+}
+
+bool WasSavedElsewhere(const JsonDocument& json, const std::filesystem::path& path) {
+  const JsonValue* saved = Util::FindMember(json, "filePath");
+  if (saved == nullptr) return false;
+  if (!saved->IsString()) return true;
+  return std::string_view(saved->GetString(), saved->GetStringLength()) != Utf8(path);
+}
+
+}  // namespace
+
+void VelmoApp::New() { document_ = CVelmoData(); }
+
+void VelmoApp::New(const OrlixString<wchar_t>& title, const Data::CUnit& units) {
+  document_ = CVelmoData(title, units);
+}
+
+FileIOAttributes VelmoApp::Open(const std::filesystem::path& path, std::string& message) {
+  std::ifstream stream(path, std::ios::binary);
+  JsonDocument json;
+  std::string parseError;
+  if (Util::ParseJson(stream, json, parseError) && json.IsObject()) {
+    OpenJson(json, path);
+  } else {
+    std::wstring error;
+    if (!LegacyFileReader().Read(path.wstring(), document_, error)) {
+      message = to_string(error);
+      return {};
+    }
+  }
+  FileIOAttributes attributes;
+  attributes.gradesNeedMigration = document_.IsMigrationOfGradesRequired();
+  SetUserDefinedGradesToSections(document_);
+  attributes.opened = true;
+  return attributes;
+}
+
+void VelmoApp::OpenJson(JsonDocument& json, const std::filesystem::path& path) {
+  const bool moved = WasSavedElsewhere(json, path);
+  document_ = CVelmoData(json);
+  if (moved) document_.UpdateModelId();
+  document_.setFilePath(path);
+}
+
+bool VelmoApp::Save(const std::filesystem::path& path, bool newModelId) {
+  if (newModelId) document_.UpdateModelId();
+  document_.setFilePath(path);
+  JsonDocument json;
+  document_.toJson(json, json.GetAllocator(), true);
+  std::ofstream(path, std::ios::binary) << Util::PrettyJson(json);
+  return true;
+}
+
+std::wstring VelmoApp::fileString(bool withFilePath) const {
+  JsonDocument json;
+  document_.toJson(json, json.GetAllocator(), withFilePath);
+  return Util::JSONUtility::GetJsonString(json);
+}
+
+void VelmoApp::SetUserDefinedGradesToSections(CVelmoData& document) {
+  document.SetUserDefinedGradesToSections();
+}
+
+void VelmoApp::setTitles(const JsonValue& json) { document_.SetTitle(Data::CTitles(json)); }
+
+void VelmoApp::setUnits(const JsonValue& json) {
+  constexpr struct {
+    const char* key;
+    Dimension dimension;
+  } kUnits[] = {
+      {"force", Dimension::force},
+      {"length", Dimension::length},
+      {"sectionDims", Dimension::sectionDimensions},
+      {"stress", Dimension::stress},
+      {"mass", Dimension::mass},
+      {"strain", Dimension::strain},
+      {"temperature", Dimension::temperature},
+  };
+  Data::CUnit units;
+  for (const auto& [key, dimension] : kUnits) {
+    const JsonValue* unit = Util::FindMember(json, key);
+    const JsonValue* label = unit == nullptr ? nullptr : Util::FindMember(*unit, "label");
+    const bool found = label != nullptr && label->IsString();
+    // A text that is no unit leaves the default, and so does the one for a missing label.
+    units.SetUnitString(dimension, cstr(found ? label->GetString() : "no label found"));
+  }
+  document_.SetUnits(units);
+}
+
+void VelmoApp::setCodes(const JsonValue& json) { document_.SetCodes(json); }
+
+void VelmoApp::setGrade(const JsonValue& json) { document_.SetGrade(json, false); }
+
+void VelmoApp::resetGrade(MatType type, int grade) { document_.ResetGrade(type, grade); }
+
+bool VelmoApp::setExplicitCurve(MatType, int, LoadState, LoadSign, std::string&,
+                                std::string& message) {
+  message = AppMessages::kNoExplicitCurves;
+  return false;
+}
+
+bool VelmoApp::importExplicitCurve(MatType, int, LoadState, LoadSign, const std::filesystem::path&,
+                                   std::string& message) {
+  message = AppMessages::kNoExplicitCurves;
+  return false;
+}
+
+bool VelmoApp::isValidSectionIndex(int iSec) const { return HasSection(document_, iSec); }
+
+bool VelmoApp::isValidTaskIndex(int iSec, int iTask) const {
+  return HasTask(document_, iSec, iTask);
+}
+
+bool VelmoApp::preSolutionChecksPassed(std::vector<std::string>& messages, int iSec,
+                                       int iTask) const {
+  return PreSolutionChecks(document_).CheckTask(messages, iSec, iTask);
+}
+
+bool VelmoApp::preSolutionChecksPassed(std::vector<std::string>& messages, int iSec) const {
+  return PreSolutionChecks(document_).CheckSection(messages, iSec);
+}
+
+bool VelmoApp::allComponentsHaveMaterialType(int iSec, std::vector<int>& bad) const {
+  return PreSolutionChecks(document_).HaveMaterialType(iSec, bad);
+}
+
+bool VelmoApp::allComponentsHaveMaterialGrade(int iSec, std::vector<int>& bad) const {
+  return PreSolutionChecks(document_).HaveMaterialGrade(iSec, bad);
+}
+
+bool VelmoApp::allComponentsHaveMaterialCurves(int iSec, std::vector<int>& bad) const {
+  return PreSolutionChecks(document_).HaveMaterialCurves(iSec, bad);
+}
+
+bool VelmoApp::allComponentsHavePolygons(int iSec, std::vector<int>& bad) const {
+  return PreSolutionChecks(document_).HavePolygons(iSec, bad);
+}
+
+bool VelmoApp::isAtleastOneComponentEnabled(int iSec, int iTask) const {
+  return PreSolutionChecks(document_).IsAnyComponentEnabled(iSec, iTask);
+}
+
+std::string VelmoApp::StringifyVectorInts(const std::vector<int>& list) {
+  return AppMessages::List(list);
+}
+
+double VelmoApp::BarPreStrain(const Data::CBar& bar, LoadState state) const {
+  return Data::Velmo9::BarPreStrain(document_, bar, state);
+}
+
+}  // namespace Orlix

@@ -1,0 +1,119 @@
+// Solving and results: the other half of VelmoApp.
+
+#include <rapidjson/document.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <iterator>
+
+#include "app/AppMessages.h"
+#include "app/VelmoApp.h"
+#include "app/model_indices.h"
+#include "app/uls_record.h"
+#include "model/oxutil/ForEachCase.h"
+#include "model/vldata/response/results_stamp.h"
+#include "model/vlsol/Solver.h"
+#include "reports/case_json/CaseResultsJsonBuilder.h"
+
+namespace Orlix {
+
+using Data::Velmo9::AnalysisTask;
+using Data::Velmo9::DropOutdatedResults;
+using Data::Velmo9::OutputOptions;
+using Data::Velmo9::ResultsStamp;
+using Data::Velmo9::VelmoSection;
+using Util::JsonValue;
+
+namespace {
+
+// The first of `cases` that is a case of the task and has no result; the end when all have.
+std::vector<int>::const_iterator FirstUnsolved(const AnalysisTask& task,
+                                               const std::vector<int>& cases) {
+  if (!task.ComputesULS()) return cases.end();
+  return std::find_if(cases.begin(), cases.end(), [&](int iCase) {
+    return HasCase(task, iCase) && !task.IsCaseAnalysed(iCase);
+  });
+}
+
+}  // namespace
+
+bool VelmoApp::TaskExists(int iSec, int iTask, std::string& message) const {
+  if (HasTask(document_, iSec, iTask)) return true;
+  message = HasSection(document_, iSec) ? AppMessages::InvalidTask(iSec, iTask)
+                                        : AppMessages::InvalidSection(iSec);
+  return false;
+}
+
+void VelmoApp::SolveTask(VelmoSection& section, int iTask) const {
+  VlSol::Solver::SolveTask(document_, section, iTask);
+}
+
+bool VelmoApp::CompileCaseResults(int iSec, int iTask, const std::vector<int>& cases,
+                                  std::string& message, std::vector<CaseRecords>& results,
+                                  const OutputOptions& options) const {
+  if (!TaskExists(iSec, iTask, message)) return false;
+  VelmoSection section = document_.Section(iSec);
+  DropOutdatedResults(document_, section);
+  const auto unsolved = FirstUnsolved(section.Task(iTask), cases);
+  if (unsolved != cases.end()) {
+    message = AppMessages::NoCaseResults(*unsolved);
+    return false;
+  }
+  std::vector<CaseRecords> slots(cases.size());
+  ForEachCase(std::ssize(cases), [&](std::ptrdiff_t i) {
+    CaseRecords& slot = slots[static_cast<std::size_t>(i)];
+    slot.first = cases[static_cast<std::size_t>(i)];
+    slot.second.first = UlsRecord(document_, section, iTask, slot.first, options.uls, true);
+  });
+  results.insert(results.end(), std::make_move_iterator(slots.begin()),
+                 std::make_move_iterator(slots.end()));
+  return true;
+}
+
+Data::Velmo9::CaseULSDetails VelmoApp::CaseULSDetails(
+    int iSec, int iTask, int iCase, const Data::Velmo9::UlsOutputOptions& options,
+    bool withDetails) const {
+  if (!options.IsOutputWanted() || !HasCase(document_, iSec, iTask, iCase)) return {};
+  const VelmoSection& section = document_.Section(iSec);
+  const auto& solved = section.Task(iTask).Results();
+  if (!solved || solved->stamp != ResultsStamp(document_, section, iTask)) return {};
+  return UlsRecord(document_, section, iTask, iCase, options, withDetails);
+}
+
+bool VelmoApp::GetCaseResults(int iSec, int iTask, const std::vector<int>& cases,
+                              Util::JsonDocument& json, std::string& message, bool solve) {
+  json.SetObject();
+  if (!TaskExists(iSec, iTask, message)) return false;
+  DropOutdatedResults(document_, document_.getSection(iSec));
+  VelmoSection section = document_.Section(iSec);
+  const AnalysisTask& task = section.Task(iTask);
+  if (solve || FirstUnsolved(task, cases) != cases.end()) {
+    SolveTask(section, iTask);
+    document_.getSection(iSec).Task(iTask).SetResults(task.Results());
+  }
+  std::vector<CaseRecords> records;
+  if (!CompileCaseResults(iSec, iTask, cases, message, records, OutputOptions(true))) return false;
+
+  Util::JsonAllocator& allocator = json.GetAllocator();
+  const CaseResultsJsonBuilder builder(document_.concreteCode(), allocator,
+                                       section.hasConcreteComponent(iTask));
+  JsonValue results(rapidjson::kArrayType);
+  for (std::size_t i = 0; i < cases.size(); ++i) {
+    if (i >= records.size() || records[i].first != cases[i]) {
+      message = AppMessages::NoCaseResults(cases[i]);
+      return false;
+    }
+    JsonValue object(rapidjson::kObjectType);
+    object.AddMember("iCase", cases[i], allocator);
+    if (task.ComputesULS()) {
+      builder.AddUlsCaseResultsToJson(object, records[i].second.first, task.Action());
+    }
+    results.PushBack(object, allocator);
+  }
+  json.AddMember("iSec", iSec, allocator);
+  json.AddMember("iTask", iTask, allocator);
+  json.AddMember("results", results, allocator);
+  return true;
+}
+
+}  // namespace Orlix
