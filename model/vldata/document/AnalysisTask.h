@@ -59,7 +59,9 @@ class AnalysisTask : public BaseEntity {
 
   /// Components that take a locked-in strain plane, by index.
   const std::map<int, ComponentPreload>& ComponentPreloads() const { return preloads_; }
-  void SetComponentPreload(int component, ComponentPreload preload) { preloads_[component] = preload; }
+  void SetComponentPreload(int component, ComponentPreload preload) {
+    preloads_[component] = preload;
+  }
 
   const std::vector<TaskCase>& Cases() const { return cases_; }
   int NumCases() const { return static_cast<int>(cases_.size()); }
@@ -74,7 +76,8 @@ class AnalysisTask : public BaseEntity {
   void DropResults() { results_.reset(); }
   const std::shared_ptr<const TaskResults>& Results() const { return results_; }
   /// Whether a case has results that belong to its input and to the task's load action as they are
-  /// now. Changes of the section, the materials or the code drop the results (`DropOutdatedResults`).
+  /// now. Changes of the section, the materials or the code drop the results
+  /// (`DropOutdatedResults`).
   bool IsCaseAnalysed(int iCase) const;
   /// The ULS result of a case; failed and zero when the case is not analysed.
   /// @param withDetails  false: the response comes without component details

@@ -11,15 +11,9 @@
 #include "model/oxutil/json_fwd.h"
 #include "model/vldata/document/CModelData.h"
 #include "model/vldata/document/VelmoSection.h"
+#include "model/vldata/json/ProblemList.h"
 
 namespace Orlix::Data {
-
-/// Something in a JSON value that could not be taken over.
-struct ReadProblem {
-  std::string path;      ///< where, for instance "sections[1].components[2].grade"; numbers from 1
-  std::string found;     ///< what stands there
-  std::string expected;  ///< what should
-};
 
 /// Switches of a document that change numbers.
 struct DocumentOptions {
@@ -47,11 +41,13 @@ class CVelmoData : public CModelData {
   /// Writes the whole model into a document, which becomes an object.
   /// @param withFilePath  also where the document lives
   void toJson(Util::JsonDocument& json, Util::JsonAllocator& allocator, bool withFilePath) const;
-  /// What the last reading of JSON into this document could not take over.
+  /// What the last reading of JSON into this document, by the constructor, `SetCodes` or
+  /// `SetGrade`, could not take over.
   const std::vector<ReadProblem>& ReadProblems() const { return readProblems_; }
 
   void setFilePath(const std::filesystem::path& path) { filePath_ = path; }
   const std::filesystem::path& FilePath() const { return filePath_; }
+  /// Gives the document a fresh identity.
   void UpdateModelId();
   const std::string& ModelId() const { return modelId_; }
 
@@ -76,9 +72,12 @@ class CVelmoData : public CModelData {
   /// Sets the design code: {"concrete": name, "annex": "recommended" | "UK"}, or the name alone.
   /// Grades that are the old code's standard ones become the new code's of the same name; others
   /// stay. Something unknown changes nothing and stands in `ReadProblems`.
+  /// A code or an annex that is absent stays; of a new code it is the first one listed.
   void SetCodes(const Util::JsonValue& json);
   void SetCodes(const OrlixString<wchar_t>& name);
   /// Sets or adds a grade: {"type": "concrete", "name": …, …} as in a document's material table.
+  /// Absent members are those of the grade that has the name now, else of the code's standard one.
+  /// Something wrong changes nothing and stands in `ReadProblems`.
   /// @param onlyExisting  a grade of a new name is refused
   void SetGrade(const Util::JsonValue& json, bool onlyExisting);
   /// Gives a grade the standard values that the code has for its name; without such a standard
@@ -104,9 +103,11 @@ class CVelmoData : public CModelData {
   bool ShouldCalculateCracked(const Velmo9::VelmoSection& section, int iTask) const;
 
  private:
+  void ChangeCode(const Design::ConcreteCode& code);
+
   std::vector<Velmo9::VelmoSection> sections_;
-  std::shared_ptr<Materials> materials_;
   Design::ConcreteCode code_;
+  std::shared_ptr<Materials> materials_;  // never null but after a move
   DocumentOptions options_;
   std::filesystem::path filePath_;
   std::string modelId_;

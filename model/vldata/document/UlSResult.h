@@ -13,17 +13,17 @@ namespace Orlix::Data::Velmo9 {
 /// (eps0, kyy, kzz) and loads (N, Myy, Mzz) about the section's origin, tension positive. From it
 /// every detail can be computed again.
 struct UlsCaseSolution {
-  Vec3<double> input;                 ///< the case input that was solved
-  Vec3<double> load;                  ///< applied, or the reduced response to the applied deformation
-  Vec3<double> deformation;           ///< in equilibrium with the load, or the applied one
-  Vec3<double> loadAtFailure;         ///< zero when there is no failure point
+  Vec3<double> input;          ///< the case input that was solved
+  Vec3<double> load;           ///< applied, or the reduced response to the applied deformation
+  Vec3<double> deformation;    ///< in equilibrium with the load, or the applied one
+  Vec3<double> loadAtFailure;  ///< zero when there is no failure point
   Vec3<double> deformationAtFailure;  ///< zero when there is no failure point
   double loadUtilisation{};           ///< +infinity: the section has no capacity for this load
   double deformationUtilisation{};    ///< +infinity: no equilibrium, or locked in beyond a limit
   double momentRatio{};
   double reductionFactor{1.0};
-  bool carried{};                     ///< within the capacity, up to the solver's margin of 1e-6
-  bool limitIsCap{};                  ///< failure at a numerical cap on strain, not a material limit
+  bool carried{};     ///< within the capacity, up to the solver's margin of 1e-6
+  bool limitIsCap{};  ///< failure at a numerical cap on strain, not a material limit
 };
 
 /// Result of one ultimate limit state case.

@@ -17,19 +17,19 @@ enum class SlsResultKind : int { notCalculated = 0, uncracked = 1, cracked = 2, 
 
 /// What is known of one load case at the serviceability limit state.
 struct CaseSLSDetails {
-  VelmoLoad load;                   ///< the applied load of a load-driven case
-  Deformation appliedDeformation;   ///< the applied deformation of a deformation-driven case
+  VelmoLoad load;                  ///< the applied load of a load-driven case
+  Deformation appliedDeformation;  ///< the applied deformation of a deformation-driven case
   Deformation crackedDeformation;
   Deformation uncrackedDeformation;
-  VelmoLoad uncrackedLoad;          ///< carried by the uncracked deformation
-  VelmoLoad crackedLoad;            ///< carried by the cracked deformation
+  VelmoLoad uncrackedLoad;  ///< carried by the uncracked deformation
+  VelmoLoad crackedLoad;    ///< carried by the cracked deformation
   Deformation interpolatedDeformation;
-  double zeta{kNotCalculated};      ///< interpolation between uncracked (0) and cracked (1)
+  double zeta{kNotCalculated};  ///< interpolation between uncracked (0) and cracked (1)
   Stiffness stiffness;
   std::map<int, std::vector<PointSLSResult>> pointResults;  ///< by component index
   std::map<int, std::vector<BarSLSResult>> barResults;      ///< by component index
-  double crackWidth{kNotCalculated};  ///< [m]
-  bool hasCrackWidth{};               ///< whether a crack width was computed
+  double crackWidth{kNotCalculated};                        ///< [m]
+  bool hasCrackWidth{};                                     ///< whether a crack width was computed
   bool cracked{};
   SlsResultKind resultKind{SlsResultKind::notCalculated};
   SlsStressStrainSummary stressStrainSummary;

@@ -16,7 +16,7 @@ class DetailedIntegrationResult {
   /// What a component brings to the integration.
   struct ComponentDetails {
     Design::CMatCurveParam curve;  ///< the material's curve for the load state
-    Deformation lockedIn;          ///< strain plane locked in from an earlier stage
+    Velmo9::Deformation lockedIn;  ///< strain plane locked in from an earlier stage
     bool barResultsValid{};        ///< whether bar strains and stresses can be given
   };
   using ComponentMap = std::map<int, ComponentDetails>;
@@ -24,7 +24,7 @@ class DetailedIntegrationResult {
   DetailedIntegrationResult();
   /// @param components  by component index: every component that the task includes; shared by all
   ///                    results of one task and load state. Never null.
-  DetailedIntegrationResult(const Deformation& deformation, const VelmoLoad& load,
+  DetailedIntegrationResult(const Velmo9::Deformation& deformation, const VelmoLoad& load,
                             std::shared_ptr<const ComponentMap> components);
 
   const Velmo9::Deformation& Deformation() const { return deformation_; }

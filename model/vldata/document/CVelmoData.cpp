@@ -1,0 +1,104 @@
+#include "model/vldata/document/CVelmoData.h"
+
+#include <algorithm>
+#include <stdexcept>
+#include <utility>
+
+#include "model/oxutil/text.h"
+#include "model/oxutil/uuid.h"
+#include "model/vldata/document/grade_migration.h"
+#include "model/vldata/document/standard_grades.h"
+
+namespace Orlix::Data {
+
+using Velmo9::VelmoSection;
+
+CVelmoData::CVelmoData() : materials_(StandardMaterials(code_.Data())), modelId_(NewUuid()) {}
+
+CVelmoData::CVelmoData(const OrlixString<wchar_t>& title, const CUnit& units) : CVelmoData() {
+  CTitles titles;
+  titles.project = to_string(title);
+  SetTitle(titles);
+  SetUnits(units);
+}
+
+CVelmoData::CVelmoData(const CVelmoData& other)
+    : CModelData(other),
+      sections_(other.sections_),
+      code_(other.code_),
+      materials_(std::make_shared<Materials>(*other.materials_)),
+      options_(other.options_),
+      filePath_(other.filePath_),
+      modelId_(other.modelId_),
+      readProblems_(other.readProblems_) {}
+
+CVelmoData& CVelmoData::operator=(const CVelmoData& other) {
+  if (this != &other) *this = CVelmoData(other);
+  return *this;
+}
+
+void CVelmoData::UpdateModelId() { modelId_ = NewUuid(); }
+
+bool CVelmoData::IsMigrationOfGradesRequired() const { return CarryOwnGrades(sections_); }
+
+void CVelmoData::SetUserDefinedGradesToSections() { MoveOwnGrades(sections_, *materials_); }
+
+const VelmoSection& CVelmoData::Section(int iSec) const {
+  if (iSec < 0) throw std::out_of_range("no such section");
+  return sections_.at(static_cast<std::size_t>(iSec));
+}
+
+VelmoSection& CVelmoData::getSection(int iSec) {
+  if (iSec < 0) throw std::out_of_range("no such section");
+  return sections_.at(static_cast<std::size_t>(iSec));
+}
+
+VelmoSection& CVelmoData::AddSection() {
+  VelmoSection& section = sections_.emplace_back();
+  section.AddTask();
+  return section;
+}
+
+// By way of a copy, in both: the argument may be one of the document's own sections.
+VelmoSection& CVelmoData::AddSection(const CSection& geometry) {
+  return sections_.emplace_back(VelmoSection(geometry));
+}
+
+VelmoSection& CVelmoData::AddSection(const VelmoSection& section) {
+  return sections_.emplace_back(VelmoSection(section));
+}
+
+void CVelmoData::ChangeCode(const Design::ConcreteCode& code) {
+  MoveToCode(code_.Data(), code.Data(), *materials_);
+  code_ = code;
+}
+
+void CVelmoData::ResetGrade(MatType type, int grade) {
+  if (!materials_->IsValidGrade(type, grade)) return;
+  Design::CMat& material = materials_->Grade(type, grade);
+  const auto* standard = StandardGrade(code_.Data(), type, material.Name().View());
+  if (standard != nullptr) material = *standard;
+}
+
+bool CVelmoData::HasMaterialModel(const VelmoSection& section, int iTask, LoadState state,
+                                  int model) const {
+  const Velmo9::AnalysisTask& task = section.Task(iTask);
+  int index = 0;
+  return std::any_of(
+      section.Components().begin(), section.Components().end(), [&](const CSecComp& component) {
+        if (!task.IncludesComponent(index++) || !component.ConcreteExist()) return false;
+        if (!materials_->IsValidGrade(MatType::concrete, component.MaterialGrade())) return false;
+        const auto& concrete = materials_->Grade(MatType::concrete, component.MaterialGrade());
+        return static_cast<int>(concrete.Model(state, LoadSign::compression)) == model ||
+               static_cast<int>(concrete.Model(state, LoadSign::tension)) == model;
+      });
+}
+
+bool CVelmoData::ShouldCalculateCracked(const VelmoSection& section, int iTask) const {
+  return HasMaterialModel(section, iTask, LoadState::SLS,
+                          static_cast<int>(Design::CurveKind::bs8110Tension)) ||
+         HasMaterialModel(section, iTask, LoadState::SLS,
+                          static_cast<int>(Design::CurveKind::interpolated));
+}
+
+}  // namespace Orlix::Data

@@ -1,0 +1,153 @@
+#include "model/vldata/json/document_json.h"
+
+#include <algorithm>
+#include <array>
+
+#include "model/oxutil/json.h"
+#include "model/oxutil/text.h"
+#include "model/vldata/json/ObjectReader.h"
+#include "model/vldata/json/json_values.h"
+
+namespace Orlix::Data {
+namespace {
+
+using Design::CodeChoice;
+
+constexpr std::array<std::pair<std::string_view, std::string CTitles::*>, 5> kTitles = {{
+    {"project", &CTitles::project},
+    {"part", &CTitles::part},
+    {"description", &CTitles::description},
+    {"jobNumber", &CTitles::jobNumber},
+    {"initials", &CTitles::initials},
+}};
+
+constexpr std::array<std::pair<std::string_view, Dimension>, 7> kUnits = {{
+    {"force", Dimension::force},
+    {"length", Dimension::length},
+    {"sectionDims", Dimension::sectionDimensions},
+    {"stress", Dimension::stress},
+    {"mass", Dimension::mass},
+    {"strain", Dimension::strain},
+    {"temperature", Dimension::temperature},
+}};
+
+const CodeChoice* ChoiceOf(const Design::ConcreteCode& code) {
+  const auto& known = Design::KnownCodes();
+  const auto found = std::find_if(known.begin(), known.end(), [&](const CodeChoice& c) {
+    return c.code == code.Data().code && c.country == code.Data().country;
+  });
+  return found == known.end() ? nullptr : &*found;
+}
+
+// Appends a quoted text to a list unless the list ends with it.
+void AppendChoice(std::string& list, std::string_view text) {
+  const std::string quoted = "\"" + std::string(text) + "\"";
+  if (list.size() >= quoted.size() && list.ends_with(quoted)) return;
+  list += (list.empty() ? "" : ", ") + quoted;
+}
+
+// The code of that name with that annex, an empty annex for the first listed.
+const CodeChoice* FindChoice(std::string_view name, std::string_view annex) {
+  for (const CodeChoice& choice : Design::KnownCodes()) {
+    if (choice.name == name && (annex.empty() || choice.annex == annex)) return &choice;
+  }
+  return nullptr;
+}
+
+std::string KnownNames() {
+  std::string list;
+  for (const CodeChoice& choice : Design::KnownCodes()) AppendChoice(list, choice.name);
+  return "one of " + list;
+}
+
+std::string KnownAnnexes(std::string_view name) {
+  std::string list;
+  for (const CodeChoice& choice : Design::KnownCodes()) {
+    if (choice.name == name) AppendChoice(list, choice.annex);
+  }
+  return "one of " + list;
+}
+
+}  // namespace
+
+Util::JsonValue TitlesToJson(const CTitles& titles, Util::JsonAllocator& allocator) {
+  Util::JsonValue json(rapidjson::kObjectType);
+  for (const auto& [name, member] : kTitles) {
+    AddText(json, name, std::string_view(titles.*member), allocator);
+  }
+  return json;
+}
+
+CTitles TitlesFromJson(const Util::JsonValue& json, const JsonPath& path, ProblemList& problems) {
+  ObjectReader reader(json, path, problems);
+  CTitles titles;
+  for (const auto& [name, member] : kTitles) titles.*member = reader.Text(name).value_or("");
+  reader.ReportUnknown();
+  return titles;
+}
+
+Util::JsonValue UnitsToJson(const CUnit& units, Util::JsonAllocator& allocator) {
+  Util::JsonValue json(rapidjson::kObjectType);
+  for (const auto& [name, dimension] : kUnits) {
+    AddText(json, name, std::string_view(to_string(units.UnitString(dimension))), allocator);
+  }
+  return json;
+}
+
+CUnit UnitsFromJson(const Util::JsonValue& json, const JsonPath& path, ProblemList& problems) {
+  ObjectReader reader(json, path, problems);
+  CUnit units;
+  for (const auto& [name, dimension] : kUnits) {
+    const auto text = reader.WideText(name);
+    if (text && !units.SetUnitString(dimension, *text)) {
+      reader.Report(name, "the text of a unit of this dimension");
+    }
+  }
+  reader.ReportUnknown();
+  return units;
+}
+
+Util::JsonValue CodesToJson(const Design::ConcreteCode& code, Util::JsonAllocator& allocator) {
+  Util::JsonValue json(rapidjson::kObjectType);
+  if (const CodeChoice* choice = ChoiceOf(code)) {
+    AddText(json, "concrete", choice->name, allocator);
+    AddText(json, "annex", choice->annex, allocator);
+  }
+  return json;
+}
+
+std::optional<Design::ConcreteCode> CodeFromJson(const Util::JsonValue& json, const JsonPath& path,
+                                                 const Design::ConcreteCode& current,
+                                                 ProblemList& problems) {
+  if (json.IsString()) {
+    const CodeChoice* choice = FindChoice({json.GetString(), json.GetStringLength()}, {});
+    if (choice != nullptr) return Design::ConcreteCode(choice->code, choice->country);
+    problems.Add(path, &json, KnownNames());
+    return std::nullopt;
+  }
+  const CodeChoice* now = ChoiceOf(current);
+  ObjectReader reader(json, path, problems);
+  const Util::JsonValue* concrete = reader.Find("concrete");
+  const auto name = reader.Text("concrete");
+  const Util::JsonValue* annexValue = reader.Find("annex");
+  const auto annex = reader.Text("annex");
+  reader.ReportUnknown();
+  if (!json.IsObject() || (concrete != nullptr && !name) || (annexValue != nullptr && !annex)) {
+    return std::nullopt;
+  }
+  const std::string wantedName = name.value_or(now != nullptr ? std::string(now->name) : "");
+  if (FindChoice(wantedName, {}) == nullptr) {
+    reader.Report("concrete", KnownNames());
+    return std::nullopt;
+  }
+  std::string wantedAnnex = annex.value_or("");
+  if (!annex && now != nullptr && now->name == wantedName) wantedAnnex = now->annex;
+  const CodeChoice* choice = FindChoice(wantedName, wantedAnnex);
+  if (choice == nullptr || (annex && annex->empty())) {
+    reader.Report("annex", KnownAnnexes(wantedName));
+    return std::nullopt;
+  }
+  return Design::ConcreteCode(choice->code, choice->country);
+}
+
+}  // namespace Orlix::Data

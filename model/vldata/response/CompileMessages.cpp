@@ -1,0 +1,65 @@
+#include "model/vldata/response/CompileMessages.h"
+
+#include "model/oxutil/StringFrom.h"
+#include "model/oxutil/text.h"
+
+namespace Orlix::Data::Velmo9::CompileMessages {
+namespace {
+
+std::string Component(int component) { return "Component " + std::to_string(component + 1); }
+
+std::string Bar(int component, int bar) {
+  return Component(component) + ", bar " + std::to_string(bar + 1);
+}
+
+}  // namespace
+
+std::string NothingIncluded(int task) {
+  return "Task " + std::to_string(task + 1) + " includes no component.";
+}
+
+std::string NoMaterialType(int component) {
+  return Component(component) + " has no material type: choose concrete, steel or FRP.";
+}
+
+std::string NoMaterialGrade(int component) {
+  return Component(component) + " has no grade of its material: choose one of the document's.";
+}
+
+std::string NoShape(int component, const std::string& problem) {
+  return Component(component) + " has no valid outline: " + problem + ".";
+}
+
+std::string TooFarAway(int component) {
+  return Component(component) + " reaches further than 1000 km from the section's origin.";
+}
+
+std::string NoCurve(int component, const OrlixString<wchar_t>& grade, LoadState state) {
+  return Component(component) + ": the grade " + to_string(grade) +
+         " has no valid stress-strain curve at the " +
+         (state == LoadState::ULS ? "ultimate" : "serviceability") + " limit state.";
+}
+
+std::string NoBarGrade(int component, int bar) {
+  return Bar(component, bar) + " has no grade of the document's reinforcement.";
+}
+
+std::string NoBarArea(int component, int bar) {
+  return Bar(component, bar) + " has no area: give it a diameter or an area.";
+}
+
+std::string NoBarPlace(int component, int bar) {
+  return Bar(component, bar) + " has no valid position.";
+}
+
+std::string NoBarPreload(int component, int bar) {
+  return Bar(component, bar) + " has a preload that gives no strain.";
+}
+
+std::string Overlap(int first, int second, Vec2<double> place) {
+  return Component(first) + " and component " + std::to_string(second + 1) +
+         " overlap at y = " + StringFrom(place.x) + " m, z = " + StringFrom(place.y) +
+         " m: take them apart, or include only one of them in the task.";
+}
+
+}  // namespace Orlix::Data::Velmo9::CompileMessages

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+
+#include "model/oxnumeric/Vec.h"
+#include "model/oxutil/Enumerations.h"
+#include "model/oxutil/OrlixString.h"
+
+namespace Orlix::Data::Velmo9::CompileMessages {
+
+// Texts of the compile step. Task, component and bar are indices from zero; texts count from one.
+
+std::string NothingIncluded(int task);
+std::string NoMaterialType(int component);
+std::string NoMaterialGrade(int component);
+std::string NoShape(int component, const std::string& problem);
+std::string TooFarAway(int component);
+std::string NoCurve(int component, const OrlixString<wchar_t>& grade, LoadState state);
+std::string NoBarGrade(int component, int bar);
+std::string NoBarArea(int component, int bar);
+std::string NoBarPlace(int component, int bar);
+std::string NoBarPreload(int component, int bar);
+std::string Overlap(int first, int second, Vec2<double> place);
+
+}  // namespace Orlix::Data::Velmo9::CompileMessages

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "model/oxutil/Enumerations.h"
+#include "model/vldata/document/CVelmoData.h"
+
+namespace Orlix::Data::Velmo9 {
+
+/// What keeps a task from being compiled for a load state, one message line each; empty: nothing.
+/// @throws std::out_of_range for no such task.
+std::vector<std::string> CompileProblems(const CVelmoData& document, const VelmoSection& section,
+                                         int iTask, LoadState state);
+
+}  // namespace Orlix::Data::Velmo9
