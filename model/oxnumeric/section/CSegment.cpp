@@ -33,43 +33,17 @@ CSegment CSegment::Rational(double from, double to, double origin, double c0, do
   return {from, to, SegmentKind::rational, origin, {c0, c1, c2, 0}};
 }
 
-double CSegment::Stress(double eps) const {
-  const double x = eps - origin;
-  switch (kind) {
-    case SegmentKind::zero:
-      return 0.0;
-    case SegmentKind::constant:
-      return c[0];
-    case SegmentKind::linear:
-      return c[0] + c[1] * x;
-    case SegmentKind::cubic:
-      return c[0] + x * (c[1] + x * (c[2] + x * c[3]));
-    case SegmentKind::power:
-      return c[0] + c[1] * std::pow(std::fmax(c[2] * x, 0.0), c[3]);
-    case SegmentKind::rational:
-      return x * (c[0] + c[1] * x) / (1.0 + c[2] * x);
-  }
-  return 0.0;
+double CSegment::TranscendentStress(double x) const {
+  if (kind == SegmentKind::power) return c[0] + c[1] * std::pow(std::fmax(c[2] * x, 0.0), c[3]);
+  return x * (c[0] + c[1] * x) / (1.0 + c[2] * x);
 }
 
-double CSegment::Tangent(double eps) const {
-  const double x = eps - origin;
-  switch (kind) {
-    case SegmentKind::zero:
-    case SegmentKind::constant:
-      return 0.0;
-    case SegmentKind::linear:
-      return c[1];
-    case SegmentKind::cubic:
-      return c[1] + x * (2.0 * c[2] + x * 3.0 * c[3]);
-    case SegmentKind::power:
-      return c[1] * c[2] * c[3] * std::pow(std::fmax(c[2] * x, 0.0), c[3] - 1.0);
-    case SegmentKind::rational: {
-      const double d = 1.0 + c[2] * x;
-      return (c[0] + c[1] * x * (2.0 + c[2] * x)) / (d * d);
-    }
+double CSegment::TranscendentTangent(double x) const {
+  if (kind == SegmentKind::power) {
+    return c[1] * c[2] * c[3] * std::pow(std::fmax(c[2] * x, 0.0), c[3] - 1.0);
   }
-  return 0.0;
+  const double d = 1.0 + c[2] * x;
+  return (c[0] + c[1] * x * (2.0 + c[2] * x)) / (d * d);
 }
 
 CSegment CSegment::Mirrored() const {

@@ -34,14 +34,28 @@ struct CSegment {
                         double exponent);
   static CSegment Rational(double from, double to, double origin, double c0, double c1, double c2);
 
+  /// Whether the coefficients are those of a polynomial in x: all kinds up to cubic. Zero, constant
+  /// and linear pieces hold zeros behind their own coefficients.
+  bool IsPolynomial() const { return kind <= SegmentKind::cubic; }
+  double PolynomialStress(double x) const { return c[0] + x * (c[1] + x * (c[2] + x * c[3])); }
+  double PolynomialTangent(double x) const { return c[1] + x * (2.0 * c[2] + x * 3.0 * c[3]); }
+
   /// Stress [Pa] of the piece's formula at a strain; also outside [from, to).
-  double Stress(double eps) const;
+  double Stress(double eps) const {
+    return IsPolynomial() ? PolynomialStress(eps - origin) : TranscendentStress(eps - origin);
+  }
   /// Slope of the piece's formula at a strain [Pa].
-  double Tangent(double eps) const;
+  double Tangent(double eps) const {
+    return IsPolynomial() ? PolynomialTangent(eps - origin) : TranscendentTangent(eps - origin);
+  }
   /// The piece of the mirrored curve s'(e) = -s(-e).
   CSegment Mirrored() const;
 
   friend bool operator==(const CSegment&, const CSegment&) = default;
+
+ private:
+  double TranscendentStress(double x) const;   // power and rational pieces
+  double TranscendentTangent(double x) const;
 };
 
 }  // namespace Orlix::Numeric

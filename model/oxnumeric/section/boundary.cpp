@@ -58,10 +58,12 @@ class BoundaryNewton {
 
   // Radial return of a plane to the gauge, lambda by least squares. False when it has no direction.
   bool Evaluate(const Plane& d, State& at) const {
-    const double g = GaugeOf(section_, d).value;
+    at.point.gauge = GaugeOf(section_, d);
+    const double g = at.point.gauge.value;
     if (!(g > 0.0) || !std::isfinite(g)) return false;
+    // The gauge is homogeneous: along a ray it scales and the active limit stays.
     at.point.plane = (target_ / g) * d;
-    at.point.gauge = GaugeOf(section_, at.point.plane);
+    at.point.gauge.value = target_;
     at.response = IntegrateWithTangent(section_, at.point.plane);
     const Vec3<double> carried = scaling_.Load(at.response.force) - fixed_;
     at.point.lambda = Dot(carried, scaled_) / Dot(scaled_, scaled_);

@@ -78,7 +78,6 @@ struct FrameSums {
   }
 };
 
-// Stress and slope of a polynomial piece; the slope only where it is wanted.
 template <bool kTangent, std::size_t n>
 void AddPolynomial(const CSegment& s, const FramePoint& a, const FramePoint& b, const Rule<n>& rule,
                    FrameSums<kTangent>& sums) {
@@ -86,16 +85,11 @@ void AddPolynomial(const CSegment& s, const FramePoint& a, const FramePoint& b, 
   for (std::size_t i = 0; i < n; ++i) {
     const FramePoint p = Between(a, b, rule.t[i]);
     const double x = p.e - s.origin;
-    double stress;
-    double slope;
-    if constexpr (n == 2) {
-      stress = s.c[0] + s.c[1] * x;
-      slope = s.c[1];
+    if constexpr (n == 2) {  // a straight line
+      sums.Add(s.c[0] + s.c[1] * x, s.c[1], p.u, p.v, rule.w[i] * du);
     } else {
-      stress = s.c[0] + x * (s.c[1] + x * (s.c[2] + x * s.c[3]));
-      slope = s.c[1] + x * (2.0 * s.c[2] + x * 3.0 * s.c[3]);
+      sums.Add(s.PolynomialStress(x), s.PolynomialTangent(x), p.u, p.v, rule.w[i] * du);
     }
-    sums.Add(stress, slope, p.u, p.v, rule.w[i] * du);
   }
 }
 
@@ -233,7 +227,7 @@ template <bool kTangent>
 void AddPoint(const CompiledSection::PointArea& point, const CompiledSection& section,
               const Plane& d, CurveForm form, Response& r) {
   const Vec3<double> phi = Phi(point.position);
-  const double e = Dot(phi, d);
+  const double e = d.x + d.y * phi.y + d.z * phi.z;
   const StressCurve& own = section.curves[static_cast<std::size_t>(point.curve)];
   const PiecewiseCurve& curve = form == CurveForm::exact ? own.exact : own.ramp;
   const double es = e + point.strainOffset;
@@ -248,8 +242,17 @@ void AddPoint(const CompiledSection::PointArea& point, const CompiledSection& se
     stress -= c.Stress(ec);
     if constexpr (kTangent) slope -= c.Tangent(ec);
   }
-  r.force += (point.area * stress) * phi;
-  if constexpr (kTangent) r.tangent.AddOuter(point.area * slope, phi);
+  const double force = point.area * stress;
+  r.force += Resultant{force, force * phi.y, force * phi.z};
+  if constexpr (kTangent) {
+    const double stiffness = point.area * slope;
+    r.tangent.xx += stiffness;
+    r.tangent.xy += stiffness * phi.y;
+    r.tangent.xz += stiffness * phi.z;
+    r.tangent.yy += stiffness * phi.y * phi.y;
+    r.tangent.yz += stiffness * phi.y * phi.z;
+    r.tangent.zz += stiffness * phi.z * phi.z;
+  }
 }
 
 template <bool kTangent>
