@@ -23,6 +23,15 @@ struct MaterialProperties {
 /// always follow the properties: at ULS their strength is alpha f_k / gamma, at SLS f_k.
 class CMat : public BaseEntity {
  public:
+  /// A material without a name and with the properties and curves of common practice, for the user
+  /// to change:
+  ///   concrete       f_ck 30 MPa, E 33 GPa, f_ct 2.9 MPa (C30/37 of EN 1992-1-1, Table 3.1), gamma
+  ///                  1.5; ULS parabola-rectangle with strains 0.002 and 0.0035, SLS linear; no
+  ///                  tension
+  ///   reinforcement  f_yk 500 MPa, E 200 GPa, gamma 1.15; elastic, then a horizontal branch
+  ///   steel          f_y 355 MPa, E 210 GPa, gamma 1; elastic, then a horizontal branch
+  ///   FRP            linear in tension, but no properties: no valid curve until they are given
+  ///   none           no curves
   explicit CMat(MatType type);
 
   MatType Type() const { return type_; }
@@ -37,9 +46,13 @@ class CMat : public BaseEntity {
   /// Kind of the curve on one side.
   CurveKind Model(LoadState state, LoadSign sign) const { return Curve(state).Kind(sign); }
   /// Sets one side of a curve, the other stays. bs8110Tension and interpolated describe the whole
-  /// serviceability curve of a concrete: they are stored under both signs.
+  /// serviceability curve of a concrete: they are stored under both signs unless the other side is
+  /// explicit; and when one side of such a model is set to something else that is not explicit, the
+  /// other becomes what the model stood for there: linear in compression, none in tension.
   void SetShape(LoadState state, LoadSign sign, const CurveShape& shape);
-  /// Sets the table (strain, stress [Pa], tension positive) and makes that side explicit.
+  /// Sets the curve's one table (strain, stress [Pa], tension positive) and makes that side
+  /// explicit; the other side reads it too when it is explicit already.
+  /// @throws std::invalid_argument when the table does not have two columns.
   void SetExplicitPoints(LoadState state, LoadSign sign, const CTableT<double>& points);
 
   virtual const CMatCurveParam& Curve(LoadState state) const;

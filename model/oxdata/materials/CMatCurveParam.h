@@ -14,28 +14,32 @@ using Numeric::CSegment;
 /// rules test them.
 enum class CurveKind : int {
   none = 0,               ///< no stress on this side
-  linear = 1,             ///< E eps
+  linear = 1,             ///< E eps; an FRP without a limit of its own breaks at strength / E
   explicitPoints = 2,     ///< the curve's own table of points
-  bilinear = 3,           ///< E eps up to the strength, then straight to the limit
+  bilinear = 3,           ///< straight to the strength at epsPeak, or at strength / E without it;
+                          ///< then straight to epsHardening, horizontal beyond it or without it
   parabolaRectangle = 4,  ///< f (1 - (1 - eps/epsPeak)^exponent), then f
   rectangularBlock = 5,   ///< f from blockStart on
-  nonLinear = 6,          ///< EN 1992-1-1 (3.14), short-term
-  bs8110Tension = 20,     ///< BS 8110-2, 3.6: the whole serviceability curve of a concrete
-  interpolated = 22       ///< EN 1992-1-1, 7.4.3: the whole serviceability curve of a concrete
+  nonLinear = 6,          ///< EN 1992-1-1 (3.14), short-term; needs a limit where it is positive
+  // The two whole serviceability models of a concrete. Their segments are the common part, linear
+  // in compression and no tension; the serviceability solver adds the tension that the model asks
+  // for.
+  bs8110Tension = 20,  ///< BS 8110-2, 3.6
+  interpolated = 22    ///< EN 1992-1-1, 7.4.3
 };
 
 /// One side (compression or tension) of a curve. Strains are positive numbers on either side;
 /// zero says "not given" where a member allows it.
 struct CurveShape {
   CurveKind kind{CurveKind::none};
-  double epsPeak{};        ///< eps_c2, eps_c3 or eps_c1: strain at which the strength is reached
-  double exponent{2.0};    ///< n of the parabola-rectangle
-  double epsLimit{};       ///< failure strain; 0: none, a numerical cap bounds the curve
-  double uniformLimit{};   ///< strain limit under uniform compression; 0: none
-  double blockStart{};     ///< strain at which a rectangular block begins
-  double blockFactor{1.0}; ///< eta: the block's stress over the strength
-  double hardening{1.0};   ///< bilinear: stress at epsHardening over the strength
-  double epsHardening{};   ///< bilinear: strain of the second branch's end; 0: horizontal
+  double epsPeak{};         ///< eps_c2, eps_c3 or eps_c1: strain at which the strength is reached
+  double exponent{2.0};     ///< n of the parabola-rectangle
+  double epsLimit{};        ///< failure strain; 0: none, a numerical cap bounds the curve
+  double uniformLimit{};    ///< strain limit under uniform compression; 0: none
+  double blockStart{};      ///< strain at which a rectangular block begins
+  double blockFactor{1.0};  ///< eta: the block's stress over the strength
+  double hardening{1.0};    ///< bilinear: stress at epsHardening over the strength
+  double epsHardening{};    ///< bilinear: strain of the second branch's end; 0: horizontal
 
   friend bool operator==(const CurveShape&, const CurveShape&) = default;
 };
@@ -58,11 +62,14 @@ class CMatCurveParam {
   explicit CMatCurveParam(MatType type) : type_(type) {}
 
   /// Sets both sides and rebuilds the segments. A shape that makes no sense (a negative strain, a
-  /// peak beyond the limit, a missing modulus) leaves no segments.
+  /// peak beyond the limit, a missing strength or modulus) leaves no segments.
   void SetShapes(const CurveShape& compression, const CurveShape& tension, const CurveScale& scale);
-  /// Sets the points (strain, stress [Pa]), tension positive, any order; used by the sides whose
-  /// kind is explicitPoints. Steel and reinforcement mirror a table given for one sign only;
-  /// beyond its last point the end value is held and that point is the strain limit.
+  /// Sets the points (strain, stress [Pa]), tension positive; used by the sides whose kind is
+  /// explicitPoints. Straight lines join them in the order of their strain, whatever their order in
+  /// the table; two points at one strain make a vertical step, the way they follow each other in a
+  /// table that runs up (or down) in strain. A side whose points do not begin at zero strain begins
+  /// at the origin. Steel and reinforcement mirror a table given for one sign only, others have no
+  /// stress on that side; a last point is the strain limit.
   /// @throws std::invalid_argument when the table does not have two columns.
   void SetExplicitPoints(const CTableT<double>& points);
 
@@ -99,6 +106,8 @@ class CMatCurveParam {
   CurveScale scale_;
   CTableT<double> points_{2};
   std::vector<CSegment> segments_;
+  bool compressionIsCap_{};
+  bool tensionIsCap_{};
 };
 
 }  // namespace Orlix::Data::Design

@@ -1,0 +1,447 @@
+#include "model/oxdata/materials/CMatCurveParam.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <limits>
+#include <stdexcept>
+#include <vector>
+
+#include "model/oxnumeric/Vec.h"
+
+namespace Orlix::Data::Design {
+namespace {
+
+constexpr double kMPa = 1e6;
+constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
+
+CurveShape Shape(CurveKind kind, double epsPeak = 0.0, double epsLimit = 0.0) {
+  CurveShape shape;
+  shape.kind = kind;
+  shape.epsPeak = epsPeak;
+  shape.epsLimit = epsLimit;
+  return shape;
+}
+
+CurveShape Parabola(double peak, double exponent, double limit) {
+  CurveShape shape = Shape(CurveKind::parabolaRectangle, peak, limit);
+  shape.exponent = exponent;
+  return shape;
+}
+
+CurveShape Hardening(double hardening, double epsHardening, double epsLimit) {
+  CurveShape shape = Shape(CurveKind::bilinear, 0.0, epsLimit);
+  shape.hardening = hardening;
+  shape.epsHardening = epsHardening;
+  return shape;
+}
+
+CurveShape Block(double start, double factor, double limit) {
+  CurveShape shape = Shape(CurveKind::rectangularBlock, 0.0, limit);
+  shape.blockStart = start;
+  shape.blockFactor = factor;
+  return shape;
+}
+
+/// A curve with the same shape on both sides.
+CMatCurveParam Symmetric(MatType type, const CurveShape& shape, const CurveScale& scale) {
+  CMatCurveParam curve(type);
+  curve.SetShapes(shape, shape, scale);
+  return curve;
+}
+
+struct Case {
+  const char* what;
+  MatType type;
+  CurveShape shape;
+  CurveScale scale;
+  double limit;
+  bool isCap;
+  bool hasStep;
+  std::vector<Vec2<double>> values;  // strain, stress [Pa]
+};
+
+/// Strengths in round numbers, so that the values follow by hand.
+std::vector<Case> Cases() {
+  const CurveScale concrete{20 * kMPa, 30e9};
+  const CurveScale steel{400 * kMPa, 200e9};
+  const CurveScale nonLinear{30 * kMPa, 25e9};  // k = 1.05 * 25000 * 0.002 / 30 = 1.75
+  const MatType reinforcement = MatType::reinforcement;
+  return {
+      {"none", MatType::concrete, Shape(CurveKind::none), concrete, 1.0, true, false, {{0.5, 0}}},
+      {"linear",
+       MatType::concrete,
+       Shape(CurveKind::linear),
+       concrete,
+       1.0,
+       true,
+       false,
+       {{0.001, 30 * kMPa}}},
+      {"linear FRP breaks at its strength",
+       MatType::FRP,
+       Shape(CurveKind::linear),
+       steel,
+       0.002,
+       false,
+       false,
+       {{0.001, 200 * kMPa}, {0.01, 400 * kMPa}}},
+      {"bilinear",
+       reinforcement,
+       Shape(CurveKind::bilinear),
+       steel,
+       0.1,
+       true,
+       false,
+       {{0.001, 200 * kMPa}, {0.002, 400 * kMPa}, {0.05, 400 * kMPa}}},
+      {"bilinear, steel",
+       MatType::steel,
+       Shape(CurveKind::bilinear),
+       steel,
+       0.05,
+       true,
+       false,
+       {{0.03, 400 * kMPa}}},
+      {"bilinear with a peak strain",
+       MatType::concrete,
+       Shape(CurveKind::bilinear, 0.00175, 0.0035),
+       concrete,
+       0.0035,
+       false,
+       false,
+       {{0.000875, 10 * kMPa}, {0.003, 20 * kMPa}}},
+      {"bilinear cut before its strength",
+       MatType::steel,
+       Hardening(1.0, 0.0, 0.001),
+       steel,
+       0.001,
+       false,
+       false,
+       {{0.0005, 100 * kMPa}, {0.002, 200 * kMPa}}},
+      {"hardening",
+       reinforcement,
+       Hardening(1.25, 0.052, 0.042),
+       steel,
+       0.042,
+       false,
+       false,
+       {{0.002, 400 * kMPa}, {0.027, 450 * kMPa}, {0.042, 480 * kMPa}}},
+      {"hardening, then horizontal",
+       reinforcement,
+       Hardening(1.25, 0.052, 0.08),
+       steel,
+       0.08,
+       false,
+       false,
+       {{0.052, 500 * kMPa}, {0.08, 500 * kMPa}}},
+      {"parabola of degree 1",
+       MatType::concrete,
+       Parabola(0.002, 1, 0.0035),
+       concrete,
+       0.0035,
+       false,
+       false,
+       {{0.001, 10 * kMPa}, {0.003, 20 * kMPa}}},
+      {"parabola of degree 2",
+       MatType::concrete,
+       Parabola(0.002, 2, 0.0035),
+       concrete,
+       0.0035,
+       false,
+       false,
+       {{0.001, 15 * kMPa}, {0.002, 20 * kMPa}, {0.0035, 20 * kMPa}}},
+      {"parabola of degree 3",
+       MatType::concrete,
+       Parabola(0.002, 3, 0.0),
+       concrete,
+       1.0,
+       true,
+       false,
+       {{0.001, 17.5 * kMPa}, {0.9, 20 * kMPa}}},
+      {"power",
+       MatType::concrete,
+       Parabola(0.002, 1.5, 0.003),
+       concrete,
+       0.003,
+       false,
+       false,
+       {{0.0015, 17.5 * kMPa}, {0.002, 20 * kMPa}}},
+      {"power without plateau",
+       MatType::concrete,
+       Parabola(0.0026, 1.4, 0.0026),
+       concrete,
+       0.0026,
+       false,
+       false,
+       {{0.0026, 20 * kMPa}}},
+      {"block",
+       MatType::concrete,
+       Block(0.0007, 0.9, 0.0035),
+       concrete,
+       0.0035,
+       false,
+       true,
+       {{0.0006, 0}, {0.001, 18 * kMPa}, {0.01, 18 * kMPa}}},
+      {"block from zero strain",
+       MatType::concrete,
+       Block(0.0, 1.0, 0.003),
+       concrete,
+       0.003,
+       false,
+       true,
+       {{0.001, 20 * kMPa}}},
+      // (1.75 h - h²) / (1 - 0.25 h) at h = 0.5 and 1.5: 5/7 and 0.6.
+      {"non-linear",
+       MatType::concrete,
+       Shape(CurveKind::nonLinear, 0.002, 0.003),
+       nonLinear,
+       0.003,
+       false,
+       false,
+       {{0.001, 150 * kMPa / 7}, {0.002, 30 * kMPa}, {0.003, 18 * kMPa}}},
+      {"interpolated service model",
+       MatType::concrete,
+       Shape(CurveKind::interpolated),
+       concrete,
+       1.0,
+       true,
+       false,
+       {}},
+  };
+}
+
+TEST(CMatCurveParam, HasTheStressesOfItsShape) {
+  for (const Case& c : Cases()) {
+    SCOPED_TRACE(c.what);
+    const CMatCurveParam curve = Symmetric(c.type, c.shape, c.scale);
+    ASSERT_FALSE(curve.Segments().empty());
+    for (const auto& v : c.values) {
+      // Some tens of roundings.
+      EXPECT_NEAR(curve.Stress(v.x), v.y, 1e-14 * c.scale.strength) << v.x;
+      EXPECT_NEAR(curve.Stress(-v.x), -v.y, 1e-14 * c.scale.strength) << -v.x;
+    }
+    EXPECT_EQ(curve.CompressionLimit(), c.limit);
+    EXPECT_EQ(curve.TensionLimit(), c.limit);
+    EXPECT_EQ(curve.IsLimitCap(LoadSign::compression), c.isCap);
+    EXPECT_EQ(curve.IsLimitCap(LoadSign::tension), c.isCap);
+    EXPECT_EQ(curve.Stress(2 * c.limit), curve.Stress(c.limit));
+    EXPECT_EQ(curve.Stress(-2 * c.limit), curve.Stress(-c.limit));
+  }
+}
+
+TEST(CMatCurveParam, IsContinuousButForSteps) {
+  for (const Case& c : Cases()) {
+    SCOPED_TRACE(c.what);
+    const CMatCurveParam curve = Symmetric(c.type, c.shape, c.scale);
+    const auto& segments = curve.Segments();
+    bool stepped = false;
+    for (std::size_t i = 0; i < segments.size(); ++i) {
+      ASSERT_LT(segments[i].from, segments[i].to);
+      if (i == 0) continue;
+      ASSERT_EQ(segments[i].from, segments[i - 1].to);
+      const double jump =
+          segments[i].Stress(segments[i].from) - segments[i - 1].Stress(segments[i].from);
+      stepped = stepped || std::abs(jump) > 1e-14 * c.scale.strength;  // a few roundings
+    }
+    EXPECT_EQ(stepped, c.hasStep);
+  }
+}
+
+TEST(CMatCurveParam, StrainInvertsStress) {
+  for (const Case& c : Cases()) {
+    SCOPED_TRACE(c.what);
+    const CMatCurveParam curve = Symmetric(c.type, c.shape, c.scale);
+    double peak = 0.0;
+    for (int i = 0; i <= 1000; ++i) peak = std::max(peak, curve.Stress(i * c.limit / 1000.0));
+    double last = 0.0;
+    for (const double share : {1e-9, 0.01, 0.3, 0.7, 0.99, 0.999999}) {
+      const double stress = share * peak;
+      const double strain = curve.Strain(stress);
+      EXPECT_GE(strain, last);
+      last = strain;
+      if (!c.hasStep) {
+        // The slope near a peak loses half the digits of the strain, none of the stress.
+        EXPECT_NEAR(curve.Stress(strain), stress, 1e-13 * peak) << share;
+      }
+      if (c.shape.kind != CurveKind::interpolated) {
+        EXPECT_DOUBLE_EQ(curve.Strain(-stress), -strain);
+      }
+    }
+  }
+}
+
+TEST(CMatCurveParam, StrainOfPlateausPeaksAndSteps) {
+  const CurveScale steel{400 * kMPa, 200e9};
+  const CurveScale concrete{20 * kMPa, 30e9};
+  const struct {
+    const char* what;
+    CurveShape shape;
+    CurveScale scale;
+    double stress;
+    double want;
+  } kCases[] = {
+      {"plateau: its start", Shape(CurveKind::bilinear), steel, 400 * kMPa, 0.002},
+      {"above the plateau", Shape(CurveKind::bilinear), steel, 500 * kMPa, 0.002},
+      {"above hardening", Hardening(1.25, 0.052, 0.08), steel, 600 * kMPa, 0.052},
+      {"peak of the parabola", Parabola(0.002, 2, 0.0035), concrete, 20 * kMPa, 0.002},
+      {"above a power curve", Parabola(0.002, 1.5, 0.0035), concrete, 30 * kMPa, 0.002},
+      {"above the non-linear peak", Shape(CurveKind::nonLinear, 0.0022, 0.0035), concrete,
+       30 * kMPa, 0.0022},
+      {"within a step", Block(0.0007, 1, 0.0035), concrete, 10 * kMPa, 0.0007},
+      {"no stress", Shape(CurveKind::none), concrete, 10 * kMPa, 0.0},
+      {"zero", Parabola(0.002, 2, 0.0035), concrete, 0.0, 0.0},
+  };
+  for (const auto& c : kCases) {
+    SCOPED_TRACE(c.what);
+    const CMatCurveParam curve = Symmetric(MatType::concrete, c.shape, c.scale);
+    EXPECT_DOUBLE_EQ(curve.Strain(c.stress), c.want);
+    EXPECT_DOUBLE_EQ(curve.Strain(-c.stress), -c.want);
+  }
+}
+
+TEST(CMatCurveParam, ExchangedSidesMirrorTheCurve) {
+  CMatCurveParam curve(MatType::concrete);
+  CMatCurveParam mirrored(MatType::concrete);
+  const CurveShape one = Parabola(0.0022, 1.75, 0.0031);
+  const CurveShape other = Shape(CurveKind::nonLinear, 0.0022, 0.0032);
+  curve.SetShapes(one, other, {30 * kMPa, 35e9});
+  mirrored.SetShapes(other, one, {30 * kMPa, 35e9});
+  for (int i = -40; i <= 40; ++i) {
+    EXPECT_DOUBLE_EQ(curve.Stress(i * 1e-4), -mirrored.Stress(-i * 1e-4));
+  }
+}
+
+TEST(CMatCurveParam, ShapesWithoutSenseLeaveNoCurve) {
+  const CurveScale scale{20 * kMPa, 30e9};
+  CurveShape uniform = Parabola(0.002, 2, 0.0035);
+  uniform.uniformLimit = 0.004;
+  const struct {
+    const char* what;
+    CurveShape shape;
+    CurveScale scale;
+  } kCases[] = {
+      {"peak beyond the limit", Parabola(0.004, 2, 0.0035), scale},
+      {"no peak", Parabola(0.0, 2, 0.0035), scale},
+      {"exponent below 1", Parabola(0.002, 0.5, 0.0035), scale},
+      {"negative limit", Parabola(0.002, 2, -0.0035), scale},
+      {"limit not a number", Parabola(0.002, 2, kNan), scale},
+      {"uniform limit beyond the limit", uniform, scale},
+      {"no strength", Parabola(0.002, 2, 0.0035), {0.0, 30e9}},
+      {"infinite strength", Parabola(0.002, 2, 0.0035), {HUGE_VAL, 30e9}},
+      {"linear without modulus", Shape(CurveKind::linear), {20 * kMPa, 0.0}},
+      {"bilinear without modulus", Shape(CurveKind::bilinear), {20 * kMPa, 0.0}},
+      {"hardening ends before yielding", Hardening(1.1, 0.0001, 0.01), scale},
+      {"block starts at the limit", Block(0.0035, 1, 0.0035), scale},
+      {"non-linear that does not rise", Shape(CurveKind::nonLinear, 0.0005, 0.001), scale},
+      {"non-linear beyond its zero", Shape(CurveKind::nonLinear, 0.002, 0.1), scale},
+      {"non-linear without limit", Shape(CurveKind::nonLinear, 0.002), scale},
+      {"explicit without points", Shape(CurveKind::explicitPoints), scale},
+  };
+  for (const auto& c : kCases) {
+    SCOPED_TRACE(c.what);
+    const CMatCurveParam curve = Symmetric(MatType::concrete, c.shape, c.scale);
+    EXPECT_TRUE(curve.Segments().empty());
+    EXPECT_EQ(curve.Stress(0.001), 0.0);
+    EXPECT_EQ(curve.CompressionLimit(), 0.0);
+  }
+}
+
+struct ExplicitCase {
+  const char* what;
+  MatType type;
+  std::vector<Vec2<double>> rows;  // strain, stress [MPa], tension positive
+  double tensionLimit, compressionLimit;
+  std::vector<Vec2<double>> values;  // strain, stress [MPa], compression positive
+};
+
+TEST(CMatCurveParam, ExplicitPointsAreTensionPositive) {
+  using enum MatType;
+  const ExplicitCase kCases[] = {
+      {"both sides",
+       concrete,
+       {{-0.003, -30}, {-0.001, -20}, {0, 0}, {0.0001, 2}, {0.0002, 0}},
+       0.0002,
+       0.003,
+       {{0.001, 20}, {0.002, 25}, {0.01, 30}, {-0.00005, -1}, {-0.00015, -1}, {-1, 0}}},
+      {"unsorted, one row twice",
+       concrete,
+       {{0.0001, 2}, {-0.003, -30}, {0.0001, 2}, {-0.001, -20}},
+       0.0001,
+       0.003,
+       {{0.0005, 10}, {0.002, 25}, {-0.00005, -1}}},
+      {"no point in tension",
+       concrete,
+       {{0, 0}, {-0.002, -20}},
+       1.0,
+       0.002,
+       {{0.001, 10}, {-0.001, 0}}},
+      {"steel mirrors tension",
+       steel,
+       {{0.002, 400}, {0.05, 500}},
+       0.05,
+       0.05,
+       {{0.001, 200}, {-0.001, -200}, {0.026, 450}}},
+      {"bars mirror compression",
+       reinforcement,
+       {{-0.002, -400}, {-0.05, -400}},
+       0.05,
+       0.05,
+       {{0.001, 200}, {-0.03, -400}}},
+      {"FRP does not mirror", FRP, {{0.01, 1000}}, 0.01, 0.05, {{0.01, 0}, {-0.005, -500}}},
+      {"step on the way up",
+       concrete,
+       {{-0.0035, -20}, {-0.0007, -20}, {-0.0007, 0}, {0, 0}},
+       1.0,
+       0.0035,
+       {{0.0006, 0}, {0.0008, 20}}},
+      {"the same step on the way down",
+       concrete,
+       {{0, 0}, {-0.0007, 0}, {-0.0007, -20}, {-0.0035, -20}},
+       1.0,
+       0.0035,
+       {{0.0006, 0}, {0.0008, 20}}},
+      {"step at zero strain",
+       steel,
+       {{-0.05, -400}, {0, -400}, {0, 400}, {0.05, 400}},
+       0.05,
+       0.05,
+       {{0.001, 400}, {-0.001, -400}}},
+  };
+  for (const ExplicitCase& c : kCases) {
+    SCOPED_TRACE(c.what);
+    CTableT<double> table(2);
+    for (const auto& row : c.rows) table.AddRow({row.x, row.y * kMPa});
+    CMatCurveParam curve = Symmetric(c.type, Shape(CurveKind::explicitPoints), {});
+    curve.SetExplicitPoints(table);
+    ASSERT_FALSE(curve.Segments().empty());
+    EXPECT_EQ(curve.TensionLimit(), c.tensionLimit);
+    EXPECT_EQ(curve.CompressionLimit(), c.compressionLimit);
+    for (const auto& v : c.values) EXPECT_NEAR(curve.Stress(v.x), v.y * kMPa, 1e-6) << v.x;
+    for (std::size_t i = 1; i < curve.Segments().size(); ++i) {
+      EXPECT_EQ(curve.Segments()[i].from, curve.Segments()[i - 1].to);
+    }
+  }
+}
+
+TEST(CMatCurveParam, RefusesTablesItCannotUse) {
+  CMatCurveParam curve = Symmetric(MatType::steel, Shape(CurveKind::explicitPoints), {});
+  EXPECT_THROW(curve.SetExplicitPoints(CTableT<double>(3)), std::invalid_argument);
+  for (const auto& row : std::vector<std::vector<double>>{{0.0, 400e6}, {kNan, 1.0}, {0.1, kNan}}) {
+    CTableT<double> table(2);
+    table.AddRow(row);
+    curve.SetExplicitPoints(table);
+    EXPECT_TRUE(curve.Segments().empty());
+  }
+}
+
+TEST(CMatCurveParam, ServiceModelsHaveTheirCommonPart) {
+  for (const CurveKind kind : {CurveKind::bs8110Tension, CurveKind::interpolated}) {
+    const CMatCurveParam curve = Symmetric(MatType::concrete, Shape(kind), {20 * kMPa, 30e9});
+    EXPECT_DOUBLE_EQ(curve.Stress(0.002), 60 * kMPa);
+    EXPECT_EQ(curve.Stress(-0.002), 0.0);
+  }
+}
+
+}  // namespace
+}  // namespace Orlix::Data::Design
