@@ -22,6 +22,7 @@ struct CodeConstant {
   std::string symbol;  ///< as the code prints it, for instance "alpha_cc"
   double value{};      ///< SI; strains dimensionless
   std::string clause;  ///< for instance "EN 1992-1-1, 3.1.6(1)P"
+  bool certain{true};  ///< false: still to be compared with the clause, and listed as such
 };
 
 /// What a design code consists of: plain data, made by the code's own folder.
@@ -33,8 +34,8 @@ struct CConcCodeData {
   std::vector<CodeConstant> constants;    ///< national and general parameters
   std::vector<CMat> concretes;            ///< standard grades, design values included
   std::vector<CMatRebar> reinforcements;  ///< standard grades, prestressing steel after the bars
-  bool strengthReduction{};               ///< strength-reduction (phi) factors instead of partial factors
-  bool crackWidths{};                     ///< crack widths are computed
+  bool strengthReduction{};  ///< strength-reduction (phi) factors instead of partial factors
+  bool crackWidths{};        ///< crack widths are computed
 };
 
 /// A design code with a country's national choices; cheap to copy.

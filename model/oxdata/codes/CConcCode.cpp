@@ -1,0 +1,46 @@
+#include "model/oxdata/codes/CConcCode.h"
+
+#include <algorithm>
+#include <iterator>
+#include <stdexcept>
+
+#include "model/oxdata/codes/en1992/en1992.h"
+
+namespace Orlix::Data::Design {
+namespace {
+
+/// A choice and the code's own folder's function that makes its data.
+struct Entry {
+  CodeChoice choice;
+  CConcCodeData (*make)(CCountry::Code);
+};
+
+constexpr Entry kEntries[] = {
+    {{ConcCode::en1992_2004, CCountry::Code::none, "EN 1992-1-1:2004", "recommended"},
+     En1992::MakeData},
+    {{ConcCode::en1992_2004, CCountry::Code::unitedKingdom, "EN 1992-1-1:2004", "UK"},
+     En1992::MakeData},
+};
+
+}  // namespace
+
+CConcCode::CConcCode(ConcCode code, CCountry::Code country) {
+  const auto* entry = std::find_if(std::begin(kEntries), std::end(kEntries), [&](const Entry& e) {
+    return e.choice.code == code && e.choice.country == country;
+  });
+  if (entry == std::end(kEntries)) {
+    throw std::invalid_argument("the design code has no annex of this country");
+  }
+  data_ = std::make_shared<const CConcCodeData>(entry->make(country));
+}
+
+const std::vector<CodeChoice>& KnownCodes() {
+  static const std::vector<CodeChoice> kChoices = [] {
+    std::vector<CodeChoice> choices;
+    for (const Entry& e : kEntries) choices.push_back(e.choice);
+    return choices;
+  }();
+  return kChoices;
+}
+
+}  // namespace Orlix::Data::Design

@@ -1,0 +1,127 @@
+#include "model/oxdata/codes/CConcCode.h"
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <iterator>
+#include <stdexcept>
+#include <string>
+
+#include "model/oxdata/codes/en1992/concrete.h"
+
+namespace Orlix::Data::Design {
+namespace {
+
+/// A row of EN 1992-1-1:2004, Table 3.1, as printed: MPa, GPa and per mille.
+struct Row {
+  const wchar_t* name;
+  double fck, fcm, fctm, fctk05, fctk95, Ecm, epsC1, epsCu1, epsC2, epsCu2, n, epsC3, epsCu3;
+};
+
+constexpr Row kTable31[] = {
+    {L"C12/15", 12, 20, 1.6, 1.1, 2.0, 27, 1.8, 3.5, 2.0, 3.5, 2.0, 1.75, 3.5},
+    {L"C16/20", 16, 24, 1.9, 1.3, 2.5, 29, 1.9, 3.5, 2.0, 3.5, 2.0, 1.75, 3.5},
+    {L"C20/25", 20, 28, 2.2, 1.5, 2.9, 30, 2.0, 3.5, 2.0, 3.5, 2.0, 1.75, 3.5},
+    {L"C25/30", 25, 33, 2.6, 1.8, 3.3, 31, 2.1, 3.5, 2.0, 3.5, 2.0, 1.75, 3.5},
+    {L"C30/37", 30, 38, 2.9, 2.0, 3.8, 33, 2.2, 3.5, 2.0, 3.5, 2.0, 1.75, 3.5},
+    {L"C35/45", 35, 43, 3.2, 2.2, 4.2, 34, 2.25, 3.5, 2.0, 3.5, 2.0, 1.75, 3.5},
+    {L"C40/50", 40, 48, 3.5, 2.5, 4.6, 35, 2.3, 3.5, 2.0, 3.5, 2.0, 1.75, 3.5},
+    {L"C45/55", 45, 53, 3.8, 2.7, 4.9, 36, 2.4, 3.5, 2.0, 3.5, 2.0, 1.75, 3.5},
+    {L"C50/60", 50, 58, 4.1, 2.9, 5.3, 37, 2.45, 3.5, 2.0, 3.5, 2.0, 1.75, 3.5},
+    {L"C55/67", 55, 63, 4.2, 3.0, 5.5, 38, 2.5, 3.2, 2.2, 3.1, 1.75, 1.8, 3.1},
+    {L"C60/75", 60, 68, 4.4, 3.1, 5.7, 39, 2.6, 3.0, 2.3, 2.9, 1.6, 1.9, 2.9},
+    {L"C70/85", 70, 78, 4.6, 3.2, 6.0, 41, 2.7, 2.8, 2.4, 2.7, 1.45, 2.0, 2.7},
+    {L"C80/95", 80, 88, 4.8, 3.4, 6.3, 42, 2.8, 2.8, 2.5, 2.6, 1.4, 2.2, 2.6},
+    {L"C90/105", 90, 98, 5.0, 3.5, 6.6, 44, 2.8, 2.8, 2.6, 2.6, 1.4, 2.3, 2.6},
+};
+
+TEST(En1992, ExpressionsGiveTable31AsPrinted) {
+  for (const Row& r : kTable31) {
+    SCOPED_TRACE(r.fck);
+    const double f = r.fck * 1e6;
+    // Half a unit of the last printed digit: 0.1 MPa, 1 GPa, 0.1 per mille, 0.05 for n and where
+    // the table prints 0.05. The fractiles are printed as 0.7 and 1.3 times the printed mean.
+    EXPECT_DOUBLE_EQ(En1992::MeanStrength(f), r.fcm * 1e6);
+    EXPECT_NEAR(En1992::MeanTensileStrength(f) / 1e6, r.fctm, 0.05);
+    EXPECT_NEAR(En1992::LowTensileStrength(f) / 1e6, r.fctk05, 0.05 + 0.7 * 0.05);
+    EXPECT_NEAR(En1992::HighTensileStrength(f) / 1e6, r.fctk95, 0.05 + 1.3 * 0.05);
+    EXPECT_NEAR(En1992::MeanModulus(f) / 1e9, r.Ecm, 0.5);
+    EXPECT_NEAR(En1992::NonLinearPeakStrain(f) * 1e3, r.epsC1, 0.05);
+    EXPECT_NEAR(En1992::NonLinearUltimateStrain(f) * 1e3, r.epsCu1, 0.05);
+    EXPECT_NEAR(En1992::ParabolaPeakStrain(f) * 1e3, r.epsC2, 0.05);
+    EXPECT_NEAR(En1992::ParabolaUltimateStrain(f) * 1e3, r.epsCu2, 0.05);
+    EXPECT_NEAR(En1992::ParabolaExponent(f), r.n, 0.025);
+    EXPECT_NEAR(En1992::BilinearPeakStrain(f) * 1e3, r.epsC3, 0.05);
+    EXPECT_NEAR(En1992::BilinearUltimateStrain(f) * 1e3, r.epsCu3, 0.05);
+  }
+}
+
+TEST(En1992, BlockFactorsFollow317) {
+  EXPECT_DOUBLE_EQ(En1992::BlockDepth(50e6), 0.8);
+  EXPECT_DOUBLE_EQ(En1992::BlockDepth(90e6), 0.7);
+  EXPECT_DOUBLE_EQ(En1992::BlockStrength(50e6), 1.0);
+  EXPECT_DOUBLE_EQ(En1992::BlockStrength(90e6), 0.8);
+}
+
+TEST(En1992, EveryShapeMakesACurveForEveryClass) {
+  for (const Row& r : kTable31) {
+    const double f = r.fck * 1e6;
+    for (const CurveShape& shape : {En1992::ParabolaRectangleShape(f), En1992::BilinearShape(f),
+                                    En1992::RectangularBlockShape(f), En1992::NonLinearShape(f)}) {
+      CMatCurveParam curve(MatType::concrete);
+      curve.SetShapes(shape, {}, {En1992::MeanStrength(f), En1992::MeanModulus(f)});
+      ASSERT_FALSE(curve.Segments().empty()) << r.fck << " " << static_cast<int>(shape.kind);
+      EXPECT_EQ(curve.CompressionLimit(), shape.epsLimit);
+    }
+  }
+}
+
+TEST(CConcCode, ConcretesOfEn1992AreDesignValues) {
+  for (const CodeChoice& choice : KnownCodes()) {
+    const CConcCode code(choice.code, choice.country);
+    ASSERT_EQ(code.Data().name, choice.name);
+    const double alpha = choice.country == CCountry::Code::unitedKingdom ? 0.85 : 1.0;
+    ASSERT_EQ(code.Data().concretes.size(), std::size(kTable31));
+    for (std::size_t i = 0; i < std::size(kTable31); ++i) {
+      const CMat& concrete = code.Data().concretes[i];
+      EXPECT_EQ(concrete.Name(), kTable31[i].name);
+      const CMatCurveParam& uls = concrete.Curve(LoadState::ULS);
+      EXPECT_NEAR(uls.Stress(0.0026), alpha * kTable31[i].fck * 1e6 / 1.5, 1e3);
+      EXPECT_EQ(uls.Stress(-0.001), 0.0);
+      EXPECT_EQ(uls.UniformCompressionLimit(), En1992::ParabolaPeakStrain(kTable31[i].fck * 1e6));
+      EXPECT_EQ(concrete.Model(LoadState::SLS, LoadSign::compression), CurveKind::interpolated);
+      EXPECT_EQ(concrete.Model(LoadState::SLS, LoadSign::tension), CurveKind::interpolated);
+    }
+    for (const CodeConstant& constant : code.Data().constants) {
+      if (constant.symbol == "alpha_cc") {
+        EXPECT_EQ(constant.value, alpha);
+      }
+      EXPECT_FALSE(constant.clause.empty());
+    }
+  }
+}
+
+TEST(CConcCode, BarsYieldAndStrandsHarden) {
+  const CConcCode code;
+  const auto& grades = code.Data().reinforcements;
+  ASSERT_EQ(grades.size(), 5u);
+  const CMatCurveParam& bar = grades[1].Curve(LoadState::ULS);
+  EXPECT_DOUBLE_EQ(bar.Stress(-0.05), -500e6 / 1.15);
+  EXPECT_TRUE(bar.IsLimitCap(LoadSign::tension));
+  // Y1860S7: 1674 MPa at yield; at 20 per mille on the line to 1860 MPa at 20/0.9 per mille.
+  const CMatCurveParam& strand = grades[4].Curve(LoadState::ULS);
+  const double fpd = 1674e6 / 1.15;
+  const double yield = fpd / 195e9;
+  EXPECT_DOUBLE_EQ(strand.TensionLimit(), 0.02);
+  EXPECT_NEAR(strand.Stress(-yield), -fpd, 1.0);
+  EXPECT_NEAR(strand.Stress(-0.02),
+              -(fpd + (1860e6 / 1.15 - fpd) * (0.02 - yield) / (0.02 / 0.9 - yield)), 1.0);
+}
+
+TEST(CConcCode, RefusesUnknownAnnexes) {
+  EXPECT_THROW(CConcCode(ConcCode::en1992_2004, static_cast<CCountry::Code>(1)),
+               std::invalid_argument);
+}
+
+}  // namespace
+}  // namespace Orlix::Data::Design
