@@ -15,7 +15,19 @@ struct SectionPolygon {
 };
 
 /// Shapes by parameters, and the free outline.
-enum class ShapeKind { none, polygon, rectangle, circle, ring, tee, ell, iBeam, box, trapezoid, ellipse };
+enum class ShapeKind {
+  none,
+  polygon,
+  rectangle,
+  circle,
+  ring,
+  tee,
+  ell,
+  iBeam,
+  box,
+  trapezoid,
+  ellipse
+};
 
 /// Dimensions of a parametric shape [m]; which ones a shape reads is told by `ShapeParameters`.
 struct ShapeDimensions {
@@ -23,7 +35,7 @@ struct ShapeDimensions {
   double depth{};            ///< overall, along z
   double diameter{};         ///< circle and ring, outer
   double thickness{};        ///< ring wall
-  double flangeThickness{};  ///< tee, ell (the leg along y), iBeam, box: along z (top)
+  double flangeThickness{};  ///< tee, ell (the leg along y), iBeam (top), box (top): along z
   double webThickness{};     ///< tee, ell (the leg along z), iBeam, box: along y
   double bottomWidth{};      ///< iBeam bottom flange; trapezoid bottom side (width is the top side)
   double bottomThickness{};  ///< iBeam bottom flange, box bottom slab
@@ -45,9 +57,13 @@ const char* ShapeName(ShapeKind kind);
 /// The shape with a name; none when there is no such shape.
 ShapeKind ShapeWithName(const std::string& name);
 
+/// Where the parts of a shape lie, seen with y to the right and z upwards: the flange of a tee is
+/// on top; the legs of an ell run along its left side and its bottom; webs of tee, iBeam and the
+/// sides of trapezoid and box are symmetric about the z axis of the shape.
+///
 /// Geometry of a component: a free outline or a parametric shape, put in its place by a rotation
-/// about the shape's reference point and a shift of that point. The reference point of a parametric shape is
-/// the centre of its overall width and depth.
+/// about the shape's reference point and a shift of that point. The reference point of a parametric
+/// shape is the centre of its overall width and depth.
 class CSecGeom {
  public:
   /// No shape: no polygons, not valid.
@@ -59,12 +75,16 @@ class CSecGeom {
 
   ShapeKind Kind() const { return kind_; }
   const ShapeDimensions& Dimensions() const { return dimensions_; }
-  Vec2<double> Centre() const { return centre_; }      ///< (y, z) [m]; the origin for free outlines
-  double Rotation() const { return rotation_; }        ///< anticlockwise, from y towards z [rad]
+  Vec2<double> Centre() const { return centre_; }  ///< (y, z) [m]; the origin for free outlines
+  double Rotation() const { return rotation_; }    ///< anticlockwise, from y towards z [rad]
 
-  /// The polygons of the geometry. Curved outlines become polygons of equal area.
-  /// @param tolerance  largest distance between curve and chord [m]; 0: 128 sides a full turn
-  ///                   (radius of the vertices +2e-4, second moment of area +3e-8, relative)
+  /// The polygons of the geometry, outlines anticlockwise and holes clockwise for parametric
+  /// shapes. Curved outlines become polygons of equal area.
+  /// @param tolerance  largest distance between curve and chord [m], met with 8 to 8192 sides a
+  /// full
+  ///                   turn, a multiple of 4; 0: 128 sides (radius of the vertices +2e-4, second
+  ///                   moment of area +3e-8, relative)
+  /// @return nothing when the dimensions make no shape; `PolygonProblem` says why.
   std::vector<SectionPolygon> Polygons(double tolerance) const;
   /// Whether there is at least one polygon, each with area, no edges that cross, holes inside the
   /// outline and apart from each other, and no two polygons that overlap.
@@ -75,6 +95,9 @@ class CSecGeom {
   friend bool operator==(const CSecGeom&, const CSecGeom&) = default;
 
  private:
+  /// What keeps the geometry from having polygons at all; empty: nothing.
+  std::string PlacementProblem() const;
+
   ShapeKind kind_{ShapeKind::none};
   ShapeDimensions dimensions_;
   std::vector<SectionPolygon> polygons_;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <optional>
+#include <utility>
 #include <vector>
 
 #include "model/oxdata/geometry/CSecGeom.h"
@@ -52,7 +53,9 @@ class CSecComp {
   /// A material of the component's own, as files of the older format carry it; it takes part in
   /// nothing until it is moved into the document's table.
   const std::optional<Design::CMat>& UserDefinedGrade() const { return userGrade_; }
-  void SetUserDefinedGrade(std::optional<Design::CMat> material) { userGrade_ = std::move(material); }
+  void SetUserDefinedGrade(std::optional<Design::CMat> material) {
+    userGrade_ = std::move(material);
+  }
 
   friend bool operator==(const CSecComp&, const CSecComp&) = default;
 
