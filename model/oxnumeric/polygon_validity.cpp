@@ -60,9 +60,11 @@ class Geos {
   }
   Geometry MakePolygon(const PolygonView& polygon) const {
     std::vector<Geometry> holes;
+    holes.reserve(polygon.holes.size());
     for (const auto& hole : polygon.holes) holes.push_back(MakeRing(hole));
     Geometry outline = MakeRing(polygon.outline);
     std::vector<GEOSGeometry*> taken;
+    taken.reserve(holes.size());
     for (auto& hole : holes) taken.push_back(hole.release());
     return Own(GEOSGeom_createPolygon_r(context_, outline.release(), taken.data(),
                                         static_cast<unsigned>(taken.size())));

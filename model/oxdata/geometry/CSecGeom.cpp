@@ -79,6 +79,7 @@ struct Extent {
 
 std::string OverlapProblem(const std::vector<SectionPolygon>& polygons) {
   std::vector<Extent> extents;
+  extents.reserve(polygons.size());
   for (const auto& polygon : polygons) extents.emplace_back(polygon.outline);
   for (std::size_t j = 1; j < polygons.size(); ++j) {
     for (std::size_t i = 0; i < j; ++i) {
@@ -143,8 +144,9 @@ std::string CSecGeom::PolygonProblem() const {
   for (std::size_t i = 0; i < polygons.size(); ++i) {
     const Numeric::PolygonValidity validity = Numeric::ValidityOf(View(polygons[i]));
     if (validity.IsValid()) continue;
-    std::string text = validity.reason;
-    if (polygons.size() > 1) text = "polygon " + std::to_string(i + 1) + ": " + text;
+    std::string text;
+    if (polygons.size() > 1) text += "polygon " + std::to_string(i + 1) + ": ";
+    text += validity.reason;
     const bool placed =
         validity.fault != Numeric::PolygonFault::notFinite && !polygons[i].outline.empty();
     return placed ? text + At(validity.place) : text;

@@ -58,156 +58,59 @@ struct Case {
   CurveShape shape;
   CurveScale scale;
   double limit;
-  bool isCap;
-  bool hasStep;
-  std::vector<Vec2<double>> values;  // strain, stress [Pa]
+  std::vector<Vec2<double>> values;  // strain, stress [MPa]
+
+  bool IsCap() const { return shape.epsLimit == 0.0 && type != MatType::FRP; }
+  bool HasStep() const { return shape.kind == CurveKind::rectangularBlock; }
 };
+
+/// Rows as calls, which are laid out more closely than nested lists.
+Case Row(const char* what, MatType type, const CurveShape& shape, const CurveScale& scale,
+         double limit, const std::vector<Vec2<double>>& values) {
+  return {what, type, shape, scale, limit, values};
+}
 
 /// Strengths in round numbers, so that the values follow by hand.
 std::vector<Case> Cases() {
-  const CurveScale concrete{20 * kMPa, 30e9};
-  const CurveScale steel{400 * kMPa, 200e9};
-  const CurveScale nonLinear{30 * kMPa, 25e9};  // k = 1.05 * 25000 * 0.002 / 30 = 1.75
-  const MatType reinforcement = MatType::reinforcement;
+  const CurveScale conc{20 * kMPa, 30e9};
+  const CurveScale yield{400 * kMPa, 200e9};
+  const CurveScale k175{30 * kMPa, 25e9};  // k = 1.05 * 25000 * 0.002 / 30 = 1.75
+  const MatType concrete = MatType::concrete;
+  const MatType steel = MatType::steel;
+  const MatType bar = MatType::reinforcement;
+  using enum CurveKind;
   return {
-      {"none", MatType::concrete, Shape(CurveKind::none), concrete, 1.0, true, false, {{0.5, 0}}},
-      {"linear",
-       MatType::concrete,
-       Shape(CurveKind::linear),
-       concrete,
-       1.0,
-       true,
-       false,
-       {{0.001, 30 * kMPa}}},
-      {"linear FRP breaks at its strength",
-       MatType::FRP,
-       Shape(CurveKind::linear),
-       steel,
-       0.002,
-       false,
-       false,
-       {{0.001, 200 * kMPa}, {0.01, 400 * kMPa}}},
-      {"bilinear",
-       reinforcement,
-       Shape(CurveKind::bilinear),
-       steel,
-       0.1,
-       true,
-       false,
-       {{0.001, 200 * kMPa}, {0.002, 400 * kMPa}, {0.05, 400 * kMPa}}},
-      {"bilinear, steel",
-       MatType::steel,
-       Shape(CurveKind::bilinear),
-       steel,
-       0.05,
-       true,
-       false,
-       {{0.03, 400 * kMPa}}},
-      {"bilinear with a peak strain",
-       MatType::concrete,
-       Shape(CurveKind::bilinear, 0.00175, 0.0035),
-       concrete,
-       0.0035,
-       false,
-       false,
-       {{0.000875, 10 * kMPa}, {0.003, 20 * kMPa}}},
-      {"bilinear cut before its strength",
-       MatType::steel,
-       Hardening(1.0, 0.0, 0.001),
-       steel,
-       0.001,
-       false,
-       false,
-       {{0.0005, 100 * kMPa}, {0.002, 200 * kMPa}}},
-      {"hardening",
-       reinforcement,
-       Hardening(1.25, 0.052, 0.042),
-       steel,
-       0.042,
-       false,
-       false,
-       {{0.002, 400 * kMPa}, {0.027, 450 * kMPa}, {0.042, 480 * kMPa}}},
-      {"hardening, then horizontal",
-       reinforcement,
-       Hardening(1.25, 0.052, 0.08),
-       steel,
-       0.08,
-       false,
-       false,
-       {{0.052, 500 * kMPa}, {0.08, 500 * kMPa}}},
-      {"parabola of degree 1",
-       MatType::concrete,
-       Parabola(0.002, 1, 0.0035),
-       concrete,
-       0.0035,
-       false,
-       false,
-       {{0.001, 10 * kMPa}, {0.003, 20 * kMPa}}},
-      {"parabola of degree 2",
-       MatType::concrete,
-       Parabola(0.002, 2, 0.0035),
-       concrete,
-       0.0035,
-       false,
-       false,
-       {{0.001, 15 * kMPa}, {0.002, 20 * kMPa}, {0.0035, 20 * kMPa}}},
-      {"parabola of degree 3",
-       MatType::concrete,
-       Parabola(0.002, 3, 0.0),
-       concrete,
-       1.0,
-       true,
-       false,
-       {{0.001, 17.5 * kMPa}, {0.9, 20 * kMPa}}},
-      {"power",
-       MatType::concrete,
-       Parabola(0.002, 1.5, 0.003),
-       concrete,
-       0.003,
-       false,
-       false,
-       {{0.0015, 17.5 * kMPa}, {0.002, 20 * kMPa}}},
-      {"power without plateau",
-       MatType::concrete,
-       Parabola(0.0026, 1.4, 0.0026),
-       concrete,
-       0.0026,
-       false,
-       false,
-       {{0.0026, 20 * kMPa}}},
-      {"block",
-       MatType::concrete,
-       Block(0.0007, 0.9, 0.0035),
-       concrete,
-       0.0035,
-       false,
-       true,
-       {{0.0006, 0}, {0.001, 18 * kMPa}, {0.01, 18 * kMPa}}},
-      {"block from zero strain",
-       MatType::concrete,
-       Block(0.0, 1.0, 0.003),
-       concrete,
-       0.003,
-       false,
-       true,
-       {{0.001, 20 * kMPa}}},
+      Row("none", concrete, Shape(none), conc, 1.0, {{0.5, 0}}),
+      Row("linear", concrete, Shape(linear), conc, 1.0, {{0.001, 30}}),
+      Row("linear FRP breaks at its strength", MatType::FRP, Shape(linear), yield, 0.002,
+          {{0.001, 200}, {0.01, 400}}),
+      Row("bilinear", bar, Shape(bilinear), yield, 0.1, {{0.001, 200}, {0.002, 400}, {0.05, 400}}),
+      Row("bilinear, steel", steel, Shape(bilinear), yield, 0.05, {{0.03, 400}}),
+      Row("bilinear with a peak strain", concrete, Shape(bilinear, 0.00175, 0.0035), conc, 0.0035,
+          {{0.000875, 10}, {0.003, 20}}),
+      Row("bilinear cut before its strength", steel, Hardening(1.0, 0.0, 0.001), yield, 0.001,
+          {{0.0005, 100}, {0.002, 200}}),
+      Row("hardening", bar, Hardening(1.25, 0.052, 0.042), yield, 0.042,
+          {{0.002, 400}, {0.027, 450}, {0.042, 480}}),
+      Row("hardening, then horizontal", bar, Hardening(1.25, 0.052, 0.08), yield, 0.08,
+          {{0.052, 500}, {0.08, 500}}),
+      Row("parabola of degree 1", concrete, Parabola(0.002, 1, 0.0035), conc, 0.0035,
+          {{0.001, 10}, {0.003, 20}}),
+      Row("parabola of degree 2", concrete, Parabola(0.002, 2, 0.0035), conc, 0.0035,
+          {{0.001, 15}, {0.002, 20}, {0.0035, 20}}),
+      Row("parabola of degree 3", concrete, Parabola(0.002, 3, 0.0), conc, 1.0,
+          {{0.001, 17.5}, {0.9, 20}}),
+      Row("power", concrete, Parabola(0.002, 1.5, 0.003), conc, 0.003,
+          {{0.0015, 17.5}, {0.002, 20}}),
+      Row("power without plateau", concrete, Parabola(0.0026, 1.4, 0.0026), conc, 0.0026,
+          {{0.0026, 20}}),
+      Row("block", concrete, Block(0.0007, 0.9, 0.0035), conc, 0.0035,
+          {{0.0006, 0}, {0.001, 18}, {0.01, 18}}),
+      Row("block from zero strain", concrete, Block(0.0, 1.0, 0.003), conc, 0.003, {{0.001, 20}}),
       // (1.75 h - h²) / (1 - 0.25 h) at h = 0.5 and 1.5: 5/7 and 0.6.
-      {"non-linear",
-       MatType::concrete,
-       Shape(CurveKind::nonLinear, 0.002, 0.003),
-       nonLinear,
-       0.003,
-       false,
-       false,
-       {{0.001, 150 * kMPa / 7}, {0.002, 30 * kMPa}, {0.003, 18 * kMPa}}},
-      {"interpolated service model",
-       MatType::concrete,
-       Shape(CurveKind::interpolated),
-       concrete,
-       1.0,
-       true,
-       false,
-       {}},
+      Row("non-linear", concrete, Shape(nonLinear, 0.002, 0.003), k175, 0.003,
+          {{0.001, 150.0 / 7}, {0.002, 30}, {0.003, 18}}),
+      Row("interpolated service model", concrete, Shape(interpolated), conc, 1.0, {}),
   };
 }
 
@@ -218,13 +121,13 @@ TEST(CMatCurveParam, HasTheStressesOfItsShape) {
     ASSERT_FALSE(curve.Segments().empty());
     for (const auto& v : c.values) {
       // Some tens of roundings.
-      EXPECT_NEAR(curve.Stress(v.x), v.y, 1e-14 * c.scale.strength) << v.x;
-      EXPECT_NEAR(curve.Stress(-v.x), -v.y, 1e-14 * c.scale.strength) << -v.x;
+      EXPECT_NEAR(curve.Stress(v.x), v.y * kMPa, 1e-14 * c.scale.strength) << v.x;
+      EXPECT_NEAR(curve.Stress(-v.x), -v.y * kMPa, 1e-14 * c.scale.strength) << -v.x;
     }
     EXPECT_EQ(curve.CompressionLimit(), c.limit);
     EXPECT_EQ(curve.TensionLimit(), c.limit);
-    EXPECT_EQ(curve.IsLimitCap(LoadSign::compression), c.isCap);
-    EXPECT_EQ(curve.IsLimitCap(LoadSign::tension), c.isCap);
+    EXPECT_EQ(curve.IsLimitCap(LoadSign::compression), c.IsCap());
+    EXPECT_EQ(curve.IsLimitCap(LoadSign::tension), c.IsCap());
     EXPECT_EQ(curve.Stress(2 * c.limit), curve.Stress(c.limit));
     EXPECT_EQ(curve.Stress(-2 * c.limit), curve.Stress(-c.limit));
   }
@@ -244,7 +147,7 @@ TEST(CMatCurveParam, IsContinuousButForSteps) {
           segments[i].Stress(segments[i].from) - segments[i - 1].Stress(segments[i].from);
       stepped = stepped || std::abs(jump) > 1e-14 * c.scale.strength;  // a few roundings
     }
-    EXPECT_EQ(stepped, c.hasStep);
+    EXPECT_EQ(stepped, c.HasStep());
   }
 }
 
@@ -260,7 +163,7 @@ TEST(CMatCurveParam, StrainInvertsStress) {
       const double strain = curve.Strain(stress);
       EXPECT_GE(strain, last);
       last = strain;
-      if (!c.hasStep) {
+      if (!c.HasStep()) {
         // The slope near a peak loses half the digits of the strain, none of the stress.
         EXPECT_NEAR(curve.Stress(strain), stress, 1e-13 * peak) << share;
       }
@@ -350,63 +253,40 @@ TEST(CMatCurveParam, ShapesWithoutSenseLeaveNoCurve) {
 struct ExplicitCase {
   const char* what;
   MatType type;
-  std::vector<Vec2<double>> rows;  // strain, stress [MPa], tension positive
   double tensionLimit, compressionLimit;
+  std::vector<Vec2<double>> rows;    // strain, stress [MPa], tension positive
   std::vector<Vec2<double>> values;  // strain, stress [MPa], compression positive
 };
 
+ExplicitCase Table(const char* what, MatType type, double tensionLimit, double compressionLimit,
+                   const std::vector<Vec2<double>>& rows, const std::vector<Vec2<double>>& values) {
+  return {what, type, tensionLimit, compressionLimit, rows, values};
+}
+
 TEST(CMatCurveParam, ExplicitPointsAreTensionPositive) {
-  using enum MatType;
+  const MatType concrete = MatType::concrete;
+  const MatType steel = MatType::steel;
   const ExplicitCase kCases[] = {
-      {"both sides",
-       concrete,
-       {{-0.003, -30}, {-0.001, -20}, {0, 0}, {0.0001, 2}, {0.0002, 0}},
-       0.0002,
-       0.003,
-       {{0.001, 20}, {0.002, 25}, {0.01, 30}, {-0.00005, -1}, {-0.00015, -1}, {-1, 0}}},
-      {"unsorted, one row twice",
-       concrete,
-       {{0.0001, 2}, {-0.003, -30}, {0.0001, 2}, {-0.001, -20}},
-       0.0001,
-       0.003,
-       {{0.0005, 10}, {0.002, 25}, {-0.00005, -1}}},
-      {"no point in tension",
-       concrete,
-       {{0, 0}, {-0.002, -20}},
-       1.0,
-       0.002,
-       {{0.001, 10}, {-0.001, 0}}},
-      {"steel mirrors tension",
-       steel,
-       {{0.002, 400}, {0.05, 500}},
-       0.05,
-       0.05,
-       {{0.001, 200}, {-0.001, -200}, {0.026, 450}}},
-      {"bars mirror compression",
-       reinforcement,
-       {{-0.002, -400}, {-0.05, -400}},
-       0.05,
-       0.05,
-       {{0.001, 200}, {-0.03, -400}}},
-      {"FRP does not mirror", FRP, {{0.01, 1000}}, 0.01, 0.05, {{0.01, 0}, {-0.005, -500}}},
-      {"step on the way up",
-       concrete,
-       {{-0.0035, -20}, {-0.0007, -20}, {-0.0007, 0}, {0, 0}},
-       1.0,
-       0.0035,
-       {{0.0006, 0}, {0.0008, 20}}},
-      {"the same step on the way down",
-       concrete,
-       {{0, 0}, {-0.0007, 0}, {-0.0007, -20}, {-0.0035, -20}},
-       1.0,
-       0.0035,
-       {{0.0006, 0}, {0.0008, 20}}},
-      {"step at zero strain",
-       steel,
-       {{-0.05, -400}, {0, -400}, {0, 400}, {0.05, 400}},
-       0.05,
-       0.05,
-       {{0.001, 400}, {-0.001, -400}}},
+      Table("both sides", concrete, 0.0002, 0.003,
+            {{-0.003, -30}, {-0.001, -20}, {0, 0}, {0.0001, 2}, {0.0002, 0}},
+            {{0.001, 20}, {0.002, 25}, {0.01, 30}, {-0.00005, -1}, {-0.00015, -1}, {-1, 0}}),
+      Table("unsorted, one row twice", concrete, 0.0001, 0.003,
+            {{0.0001, 2}, {-0.003, -30}, {0.0001, 2}, {-0.001, -20}},
+            {{0.0005, 10}, {0.002, 25}, {-0.00005, -1}}),
+      Table("no point in tension", concrete, 1.0, 0.002, {{0, 0}, {-0.002, -20}},
+            {{0.001, 10}, {-0.001, 0}}),
+      Table("steel mirrors tension", steel, 0.05, 0.05, {{0.002, 400}, {0.05, 500}},
+            {{0.001, 200}, {-0.001, -200}, {0.026, 450}}),
+      Table("bars mirror compression", MatType::reinforcement, 0.05, 0.05,
+            {{-0.002, -400}, {-0.05, -400}}, {{0.001, 200}, {-0.03, -400}}),
+      Table("FRP does not mirror", MatType::FRP, 0.01, 0.05, {{0.01, 1000}},
+            {{0.01, 0}, {-0.005, -500}}),
+      Table("step on the way up", concrete, 1.0, 0.0035,
+            {{-0.0035, -20}, {-0.0007, -20}, {-0.0007, 0}, {0, 0}}, {{0.0006, 0}, {0.0008, 20}}),
+      Table("the same step on the way down", concrete, 1.0, 0.0035,
+            {{0, 0}, {-0.0007, 0}, {-0.0007, -20}, {-0.0035, -20}}, {{0.0006, 0}, {0.0008, 20}}),
+      Table("step at zero strain", steel, 0.05, 0.05,
+            {{-0.05, -400}, {0, -400}, {0, 400}, {0.05, 400}}, {{0.001, 400}, {-0.001, -400}}),
   };
   for (const ExplicitCase& c : kCases) {
     SCOPED_TRACE(c.what);
