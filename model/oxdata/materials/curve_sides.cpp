@@ -135,12 +135,10 @@ Points OutwardPoints(const Points& rows, LoadSign sign) {
   Points side;
   if (sign == LoadSign::tension) {
     for (const auto& row : rows) {
-      if (row.x == 0.0) side.clear();  // of several rows at zero strain the nearest one counts
       if (row.x >= 0.0) side.push_back(row);
     }
   } else {
     for (auto row = rows.rbegin(); row != rows.rend(); ++row) {
-      if (row->x == 0.0) side.clear();
       if (row->x <= 0.0) side.push_back({-row->x, -row->y});
     }
   }
@@ -171,10 +169,10 @@ Segments Lines(const Points& points) {
 }
 
 CurveSide ExplicitSide(MatType type, LoadSign sign, const CTableT<double>& table) {
-  const Points rows = SortedRows(table);
-  for (const auto& row : rows) {
-    if (!std::isfinite(row.x) || !std::isfinite(row.y)) return {};
+  for (std::size_t i = 0; i < table.Rows(); ++i) {
+    if (!std::isfinite(table(i, 0)) || !std::isfinite(table(i, 1))) return {};
   }
+  const Points rows = SortedRows(table);
   const LoadSign other = sign == LoadSign::tension ? LoadSign::compression : LoadSign::tension;
   const Points own = OutwardPoints(rows, sign);
   if (!own.empty()) return {Lines(own), false};

@@ -38,6 +38,10 @@ TEST(CMat, FreshMaterialsHaveCurvesExceptWithoutProperties) {
       EXPECT_FALSE(CMat(type).Curve(state).Segments().empty());
     }
   }
+  const CMat concrete(MatType::concrete);
+  EXPECT_FALSE(concrete.Curve(LoadState::ULS).IsLimitCap(LoadSign::compression));
+  EXPECT_TRUE(concrete.Curve(LoadState::ULS).IsLimitCap(LoadSign::tension));
+  EXPECT_EQ(concrete.Curve(LoadState::ULS).TensionLimit(), 1.0);
   CMat frp(MatType::FRP);
   EXPECT_TRUE(frp.Curve(LoadState::ULS).Segments().empty());
   frp.SetProperties({1000e6, 100e9, 0.0, 0.8, 1.25});

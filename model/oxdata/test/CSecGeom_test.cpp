@@ -163,6 +163,10 @@ TEST(CSecGeom, ToleranceBoundsTheDistanceToTheCurve) {
                   kPi * radius * radius, 1e-13 * radius * radius);
     }
   }
+  // An ellipse needs the sides of the circle around it.
+  EXPECT_EQ(
+      CSecGeom(ShapeKind::ellipse, {.width = 2, .depth = 0.1}).Polygons(1e-4)[0].outline.size(),
+      CSecGeom(ShapeKind::circle, {.diameter = 2}).Polygons(1e-4)[0].outline.size());
   // Bounded, however small the tolerance.
   EXPECT_EQ(CSecGeom(ShapeKind::circle, {.diameter = 1}).Polygons(1e-300)[0].outline.size(), 8192u);
 }

@@ -21,7 +21,7 @@ TEST(Orientation, IsExactWhereTheProductsRound) {
   for (int i = 0; i < 64; ++i) {
     for (int j = 0; j < 64; ++j) {
       const int want = (j > i) - (j < i);  // above the diagonal is left of b to c
-      ASSERT_EQ(Orientation(b, c, {0.5 + i * step, 0.5 + j * step}), want) << i << " " << j;
+      ASSERT_EQ(Orientation({0.5 + i * step, 0.5 + j * step}, b, c), want) << i << " " << j;
     }
   }
 }
