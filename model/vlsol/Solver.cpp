@@ -43,17 +43,15 @@ void Solver::SolveTask(const Data::CVelmoData& document, Data::Velmo9::VelmoSect
 bool Solver::IsInterpolatedModel(const Data::CVelmoData& document,
                                  const Data::Velmo9::VelmoSection& section) {
   const auto materials = document.getMaterials();
-  return std::any_of(section.Components().begin(), section.Components().end(),
-                     [&](const CSecComp& component) {
-                       if (!component.ConcreteExist()) return false;
-                       const int grade = component.MaterialGrade();
-                       if (!materials->IsValidGrade(MatType::concrete, grade)) return false;
-                       const auto& concrete = materials->Grade(MatType::concrete, grade);
-                       return concrete.Model(LoadState::SLS, LoadSign::tension) ==
-                                  CurveKind::interpolated ||
-                              concrete.Model(LoadState::SLS, LoadSign::compression) ==
-                                  CurveKind::interpolated;
-                     });
+  return std::any_of(
+      section.Components().begin(), section.Components().end(), [&](const CSecComp& component) {
+        if (!component.ConcreteExist()) return false;
+        const int grade = component.MaterialGrade();
+        if (!materials->IsValidGrade(MatType::concrete, grade)) return false;
+        const auto& concrete = materials->Grade(MatType::concrete, grade);
+        return concrete.Model(LoadState::SLS, LoadSign::tension) == CurveKind::interpolated ||
+               concrete.Model(LoadState::SLS, LoadSign::compression) == CurveKind::interpolated;
+      });
 }
 
 }  // namespace Orlix::VlSol

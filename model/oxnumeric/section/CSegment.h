@@ -9,7 +9,8 @@ namespace Orlix::Numeric {
 enum class SegmentKind : std::uint8_t { zero, constant, linear, cubic, power, rational };
 
 /// One piece of a stress-strain curve. The sign convention is its owner's: material curves count
-/// compression positive, the solver's curves tension positive; `Mirrored` goes from one to the other.
+/// compression positive, the solver's curves tension positive; `Mirrored` goes from one to the
+/// other.
 ///
 /// With x = eps - origin and coefficients c the stress [Pa] is
 ///   zero      0
@@ -19,11 +20,11 @@ enum class SegmentKind : std::uint8_t { zero, constant, linear, cubic, power, ra
 ///   power     c0 + c1 q^c3, q = c2 x, q >= 0 on the piece, c3 > 1
 ///   rational  (c0 x + c1 x²) / (1 + c2 x), without a pole on the piece
 struct CSegment {
-  double from{};                                ///< smallest strain of the piece
-  double to{};                                  ///< largest strain; the piece is [from, to)
+  double from{};  ///< smallest strain of the piece
+  double to{};    ///< largest strain; the piece is [from, to)
   SegmentKind kind{SegmentKind::zero};
-  double origin{};                              ///< strain at which x = 0
-  std::array<double, 4> c{};                    ///< coefficients, see above
+  double origin{};            ///< strain at which x = 0
+  std::array<double, 4> c{};  ///< coefficients, see above
 
   static CSegment Zero(double from, double to);
   static CSegment Constant(double from, double to, double stress);
@@ -54,7 +55,7 @@ struct CSegment {
   friend bool operator==(const CSegment&, const CSegment&) = default;
 
  private:
-  double TranscendentStress(double x) const;   // power and rational pieces
+  double TranscendentStress(double x) const;  // power and rational pieces
   double TranscendentTangent(double x) const;
 };
 

@@ -59,8 +59,8 @@ struct CompiledSection {
     Vec2<double> position;
     double area{};
     int curve{};
-    int displacedCurve{-1};  ///< curve of the material displaced; -1: none
-    double strainOffset{};   ///< locked-in strain at the bar and prestrain
+    int displacedCurve{-1};    ///< curve of the material displaced; -1: none
+    double strainOffset{};     ///< locked-in strain at the bar and prestrain
     double displacedOffset{};  ///< locked-in strain at the bar, without prestrain
   };
 

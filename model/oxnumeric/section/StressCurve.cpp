@@ -23,9 +23,7 @@ constexpr double kDisplacedSlope = 100e9;
 // Points looked at in each segment for extremes and falling slopes.
 constexpr int kSamples = 8;
 
-double SampleStrain(const CSegment& s, int i) {
-  return s.from + (s.to - s.from) * i / kSamples;
-}
+double SampleStrain(const CSegment& s, int i) { return s.from + (s.to - s.from) * i / kSamples; }
 
 double LargestStress(const std::vector<CSegment>& segments) {
   double largest = 0.0;
@@ -101,7 +99,7 @@ std::vector<CSegment> Extended(std::vector<CSegment> segments, double slope) {
 
 // Replaces every upward step by a straight ramp whose strain width is told by `widthOf` the step.
 template <class WidthOf>
-std::vector<CSegment> WithRamps(const std::vector<CSegment>& segments, double maxStress,
+std::vector<CSegment> WithRamps(const std::vector<CSegment>& segments, double negligible,
                                 WidthOf&& widthOf) {
   std::vector<CSegment> result{segments.front()};
   for (std::size_t i = 1; i < segments.size(); ++i) {
@@ -109,13 +107,13 @@ std::vector<CSegment> WithRamps(const std::vector<CSegment>& segments, double ma
     CSegment& previous = result.back();
     const double at = next.from;
     const double step = next.Stress(at) - previous.Stress(at);
-    if (step > kRealChange * maxStress) {
+    if (step > negligible) {
       const double room = std::min(at - previous.from, next.to - at);
       const double half = std::min(0.5 * widthOf(step), 0.5 * room);
       previous.to = at - half;
       next.from = at + half;
-      result.push_back(CSegment::Line(at - half, at + half, previous.Stress(at - half),
-                                      next.Stress(at + half)));
+      result.push_back(
+          CSegment::Line(at - half, at + half, previous.Stress(at - half), next.Stress(at + half)));
     }
     result.push_back(next);
   }
@@ -124,7 +122,13 @@ std::vector<CSegment> WithRamps(const std::vector<CSegment>& segments, double ma
 
 }  // namespace
 
-PiecewiseCurve::PiecewiseCurve(std::vector<CSegment> segments) : segments_(std::move(segments)) {
+PiecewiseCurve::PiecewiseCurve(std::vector<CSegment> segments, double negligible)
+    : segments_(std::move(segments)), jumps_(segments_.size(), 0.0) {
+  for (std::size_t i = 1; i < segments_.size(); ++i) {
+    const double at = segments_[i].from;
+    const double jump = segments_[i].Stress(at) - segments_[i - 1].Stress(at);
+    if (std::abs(jump) > negligible) jumps_[i] = jump;
+  }
   while (middle_ + 1 < segments_.size() && segments_[middle_].to <= 0.0) ++middle_;
 }
 
@@ -142,20 +146,18 @@ StressCurve MakeStressCurve(const CurveInput& input) {
   curve.maxStress = LargestStress(given);
   curve.modulus = ReferenceModulus(given, curve.maxStress);
   curve.softens = FallsWithin(given, curve.maxStress);
-  for (std::size_t i = 1; i < given.size(); ++i) {
-    const double step = given[i].Stress(given[i].from) - given[i - 1].Stress(given[i].from);
-    curve.hasSteps = curve.hasSteps || step > kRealChange * curve.maxStress;
-    curve.softens = curve.softens || step < -kRealChange * curve.maxStress;
-  }
-
-  const std::vector<CSegment> all =
-      Extended(SplitNearPole(given), kExtensionSlope * curve.modulus);
+  const std::vector<CSegment> all = Extended(SplitNearPole(given), kExtensionSlope * curve.modulus);
   const double rampWidth = kRampWidth * std::min(-curve.lower, 0.01);
-  curve.exact = PiecewiseCurve(all);
+  const double negligible = kRealChange * curve.maxStress;
+  curve.exact = PiecewiseCurve(all, negligible);
+  for (std::size_t i = 1; i < curve.exact.size(); ++i) {
+    curve.hasSteps = curve.hasSteps || curve.exact.Jump(i) > 0.0;
+    curve.softens = curve.softens || curve.exact.Jump(i) < 0.0;
+  }
   curve.ramp =
-      PiecewiseCurve(WithRamps(all, curve.maxStress, [&](double) { return rampWidth; }));
+      PiecewiseCurve(WithRamps(all, negligible, [&](double) { return rampWidth; }), negligible);
   curve.displaced = PiecewiseCurve(
-      WithRamps(all, curve.maxStress, [](double step) { return step / kDisplacedSlope; }));
+      WithRamps(all, negligible, [](double step) { return step / kDisplacedSlope; }), negligible);
   return curve;
 }
 

@@ -20,12 +20,14 @@ struct CurveInput {
 class PiecewiseCurve {
  public:
   PiecewiseCurve() = default;
+  /// @param negligible  a jump of the stress up to this size is round-off of the curve's data [Pa]
   /// @pre segments are ascending without gaps, the first from -infinity, the last to +infinity.
-  explicit PiecewiseCurve(std::vector<CSegment> segments);
+  PiecewiseCurve(std::vector<CSegment> segments, double negligible);
 
-  const CSegment* data() const { return segments_.data(); }
   std::size_t size() const { return segments_.size(); }
   const CSegment& operator[](std::size_t i) const { return segments_[i]; }
+  /// Jump of the stress where segment i begins [Pa]; 0 where the curve is continuous.
+  double Jump(std::size_t i) const { return jumps_[i]; }
   /// Index of the segment [from, to) that holds a strain.
   std::size_t Locate(double eps) const {
     std::size_t i = middle_;
@@ -36,6 +38,7 @@ class PiecewiseCurve {
 
  private:
   std::vector<CSegment> segments_;
+  std::vector<double> jumps_;
   std::size_t middle_{};  // the segment that holds zero strain: where most searches end
 };
 
@@ -43,7 +46,7 @@ class PiecewiseCurve {
 /// so that an equilibrium exists for every load; no reported state lies there.
 struct StressCurve {
   PiecewiseCurve exact;
-  PiecewiseCurve ramp;       ///< steps replaced by steep ramps: starts Newton; as exact without steps
+  PiecewiseCurve ramp;  ///< steps replaced by steep ramps: starts Newton; as exact without steps
   PiecewiseCurve displaced;  ///< for material displaced by bars: steps no steeper than 100 GPa
   double lower{};            ///< failure strain in compression, negative
   double upper{};            ///< failure strain in tension, positive
@@ -54,8 +57,8 @@ struct StressCurve {
   double stressAtUpper{};
   bool lowerIsCap{};
   bool upperIsCap{};
-  bool hasSteps{};           ///< jumps upwards within the limits
-  bool softens{};            ///< falls somewhere within the limits
+  bool hasSteps{};  ///< jumps upwards within the limits
+  bool softens{};   ///< falls somewhere within the limits
 };
 
 /// Derives the solver's forms of a curve.

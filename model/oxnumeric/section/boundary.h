@@ -11,9 +11,9 @@ struct BoundaryPoint {
   Plane plane{};
   double lambda{};
   Gauge gauge{};
-  double residual{};       ///< |F(plane) - A - lambda B| [N], scaled norm
-  Plane planeRate{};       ///< d plane / d gauge along the equilibrium path
-  double lambdaRate{};     ///< d lambda / d gauge; negative: the path enters the domain here
+  double residual{};    ///< |F(plane) - A - lambda B| [N], scaled norm
+  Plane planeRate{};    ///< d plane / d gauge along the equilibrium path
+  double lambdaRate{};  ///< d lambda / d gauge; negative: the path enters the domain here
   bool converged{};
 };
 

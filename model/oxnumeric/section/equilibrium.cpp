@@ -112,8 +112,8 @@ double ScaledNorm(const CompiledSection& section, const Resultant& f) {
 
 EquilibriumResult SolveEquilibrium(const CompiledSection& section, const Resultant& load,
                                    const Plane* start, const EquilibriumOptions& options) {
-  const double tolerance = std::max(options.floor * section.squash,
-                                    options.relative * ScaledNorm(section, load));
+  const double tolerance =
+      std::max(options.floor * section.squash, options.relative * ScaledNorm(section, load));
   Newton newton(section, load, CurveForm::exact);
   Plane d = start != nullptr ? *start : ElasticStart(section, newton.Scale(), load);
   if (section.hasSteps) {

@@ -60,18 +60,24 @@ class FailureSearch {
     return onSide ? Accept(p) : FailurePoint{};
   }
 
+  // Change of the equilibrium plane with lambda, to first order; false where it has none.
+  bool Direction(const Plane& at, Plane& direction) const {
+    const Scaling scaling(section_);
+    const Sym3 k = scaling.Tangent(IntegrateWithTangent(section_, at).tangent);
+    Vec3<double> scaled;
+    constexpr double kSoft = 1e-6;  // keeps the direction finite on a plateau
+    if (!SolveCholesky(k + kSoft * scaling.Elastic(), scaling.Load(path_.scaled), scaled)) {
+      return false;
+    }
+    direction = scaling.ToPlane(scaled);
+    return IsFinite(direction);
+  }
+
   // The start moved along the response to B until it meets the boundary: that keeps the fixed load
   // to first order. Proportional paths need no aim, radial return keeps their direction.
   Plane AimedStart() const {
-    if (path_.fixed == Resultant{}) return start_.plane;
-    const Scaling scaling(section_);
-    const Sym3 k = scaling.Tangent(IntegrateWithTangent(section_, start_.plane).tangent);
-    Vec3<double> direction;
-    constexpr double kSoft = 1e-6;  // keeps the direction finite on a plateau
-    if (!SolveCholesky(k + kSoft * scaling.Elastic(), scaling.Load(path_.scaled), direction)) {
-      return start_.plane;
-    }
-    const Plane v = scaling.ToPlane(direction);
+    Plane v;
+    if (path_.fixed == Resultant{} || !Direction(start_.plane, v)) return start_.plane;
     const double sign = start_.gauge <= 1.0 ? 1.0 : -1.0;
     const auto excess = [&](double t) {
       return sign * (GaugeOf(section_, start_.plane + (sign * t) * v).value - 1.0);
@@ -133,12 +139,14 @@ class FailureSearch {
   // Follows the path from an inside point by rising gauge; the only way to meet the load's peak
   // when curves soften.
   FailurePoint Continue(const PathPoint& from) const {
-    constexpr double kFirstGauge = 0.02;
+    constexpr double kLargestStep = 0.25;
     constexpr double kSmallestStep = 1e-5;
-    BoundaryPoint at = SolveAtGauge(section_, path_, FirstPlane(from), std::max(from.gauge, kFirstGauge));
-    if (!at.converged) return {};
-    double step = 0.25;
-    while (at.gauge.value < 1.0 && step > kSmallestStep) {
+    PathPoint first;
+    if (!Depart(from, first)) return {};
+    BoundaryPoint at = SolveAtGauge(section_, path_, first.plane, first.gauge);
+    if (!at.converged || at.lambdaRate <= 0.0) return {};
+    double step = kLargestStep;
+    while (step > kSmallestStep) {
       const double gauge = at.gauge.value;
       const double target = std::min(1.0, gauge + step);
       const BoundaryPoint next =
@@ -151,10 +159,34 @@ class FailureSearch {
         return Accept(Peak(at, next), true);
       }
       at = next;
-      step = std::min(2.0 * step, 0.25);
+      step = std::min(2.0 * step, kLargestStep);
       if (target == 1.0) return IsExit(at) ? Accept(at) : FailurePoint{};
     }
     return {};
+  }
+
+  // A point of the path a little beyond an inside point, where the gauge rises with lambda: a path
+  // may lead inwards first, and at the inside point itself it may have no direction.
+  bool Depart(const PathPoint& from, PathPoint& point) const {
+    constexpr double kRise = 0.02;
+    Plane v;
+    if (!Direction(from.plane, v)) return false;
+    double t = 1.0;
+    const double size = GaugeOf(section_, v).value;
+    if (size > 0.0) t = kRise / size;
+    PathPoint last = from;
+    for (int i = 0; i < 100; ++i) {
+      point = At(last.lambda + t, last.plane + t * v);
+      if (!(point.gauge < 1.0)) {
+        t *= 0.25;
+        continue;
+      }
+      if (point.gauge > last.gauge) return true;
+      last = point;
+      t *= 1.5;
+      if (!Direction(last.plane, v)) return false;
+    }
+    return false;
   }
 
   // Guards against a jump to another branch: the plane may not change more than its own size.
@@ -162,16 +194,6 @@ class FailureSearch {
     const Scaling scaling(section_);
     return StrainSize(scaling.FromPlane(b.plane - a.plane)) <=
            StrainSize(scaling.FromPlane(a.plane)) + StrainSize(scaling.FromPlane(b.plane));
-  }
-
-  // A plane with a direction: that of the point, or where it has none the elastic response to B.
-  Plane FirstPlane(const PathPoint& from) const {
-    constexpr double kNoDirection = 1e-6;
-    if (from.gauge > kNoDirection) return from.plane;
-    const Scaling scaling(section_);
-    Vec3<double> s;
-    if (!SolveCholesky(scaling.Elastic(), scaling.Load(path_.scaled), s)) return from.plane;
-    return scaling.ToPlane(s);
   }
 
   // The load's peak between a point where lambda rises and one where it falls.
@@ -216,11 +238,13 @@ class FailureSearch {
         }
       }
     }
+    // Beyond `low` there is no equilibrium, or Newton cannot tell its gauge: a peak of the load
+    // when it lies well inside.
     BoundaryPoint last;
     last.plane = low.plane;
     last.lambda = low.lambda;
     last.gauge = GaugeOf(section_, low.plane);
-    return Accept(last);
+    return Accept(last, low.gauge < 1.0 - kPolishWithin);
   }
 
   const CompiledSection& section_;

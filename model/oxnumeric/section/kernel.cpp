@@ -17,14 +17,12 @@ constexpr Rule<2> kGauss2{{0.21132486540518711775, 0.78867513459481288225}, {0.5
 constexpr Rule<3> kGauss3{{0.11270166537925831148, 0.5, 0.88729833462074168852},
                           {0.27777777777777777778, 0.44444444444444444444, 0.27777777777777777778}};
 constexpr Rule<10> kGauss10{
-    {0.01304673574141413996, 0.06746831665550774463, 0.16029521585048779688,
-     0.28330230293537640460, 0.42556283050918439456, 0.57443716949081560544,
-     0.71669769706462359540, 0.83970478414951220312, 0.93253168334449225537,
-     0.98695326425858586004},
-    {0.03333567215434406880, 0.07472567457529029657, 0.10954318125799102200,
-     0.13463335965499817754, 0.14776211235737643509, 0.14776211235737643509,
-     0.13463335965499817754, 0.10954318125799102200, 0.07472567457529029657,
-     0.03333567215434406880}};
+    {0.01304673574141413996, 0.06746831665550774463, 0.16029521585048779688, 0.28330230293537640460,
+     0.42556283050918439456, 0.57443716949081560544, 0.71669769706462359540, 0.83970478414951220312,
+     0.93253168334449225537, 0.98695326425858586004},
+    {0.03333567215434406880, 0.07472567457529029657, 0.10954318125799102200, 0.13463335965499817754,
+     0.14776211235737643509, 0.14776211235737643509, 0.13463335965499817754, 0.10954318125799102200,
+     0.07472567457529029657, 0.03333567215434406880}};
 
 // A point in the frame of the strain gradient: u along it, v across.
 struct FramePoint {
@@ -153,15 +151,14 @@ void AddEdge(const PiecewiseCurve& curve, FramePoint a, const FramePoint& b, std
   while (from != to) {
     const bool rises = from < to;
     const std::size_t next = rises ? from + 1 : from - 1;
-    const CSegment& lower = curve[rises ? from : next];
-    const CSegment& upper = curve[rises ? next : from];
-    const double at = upper.from;
+    const std::size_t upper = rises ? next : from;
+    const double at = curve[upper].from;
     FramePoint cut = Between(start, b, (at - start.e) / (b.e - start.e));
     cut.e = at;
     AddPiece(curve[from], a, cut, sums);
     if constexpr (kTangent) {
-      const double step = upper.Stress(at) - lower.Stress(at);
-      sums.AddFront((rises ? -step : step) / kappa, cut.u, cut.v);
+      const double step = curve.Jump(upper);
+      if (step != 0.0) sums.AddFront((rises ? -step : step) / kappa, cut.u, cut.v);
     }
     a = cut;
     from = next;
@@ -223,36 +220,49 @@ void AddRegion(const CompiledSection::Region& region, const PiecewiseCurve& curv
   FromFrame(sums, p, r);
 }
 
+// Adds the point areas; the sums are local so that they stay in registers.
 template <bool kTangent>
-void AddPoint(const CompiledSection::PointArea& point, const CompiledSection& section,
-              const Plane& d, CurveForm form, Response& r) {
-  const Vec3<double> phi = Phi(point.position);
-  const double e = d.x + d.y * phi.y + d.z * phi.z;
-  const StressCurve& own = section.curves[static_cast<std::size_t>(point.curve)];
-  const PiecewiseCurve& curve = form == CurveForm::exact ? own.exact : own.ramp;
-  const double es = e + point.strainOffset;
-  const CSegment& s = curve[curve.Locate(es)];
-  double stress = s.Stress(es);
-  double slope = kTangent ? s.Tangent(es) : 0.0;
-  if (point.displacedCurve >= 0) {
-    const PiecewiseCurve& displaced =
-        section.curves[static_cast<std::size_t>(point.displacedCurve)].displaced;
-    const double ec = e + point.displacedOffset;
-    const CSegment& c = displaced[displaced.Locate(ec)];
-    stress -= c.Stress(ec);
-    if constexpr (kTangent) slope -= c.Tangent(ec);
+void AddPoints(const CompiledSection& section, const Plane& d, CurveForm form, Response& r) {
+  Resultant f{};
+  Sym3 k{};
+  for (const CompiledSection::PointArea& point : section.points) {
+    const StressCurve& own = section.curves[static_cast<std::size_t>(point.curve)];
+    const PiecewiseCurve& curve = form == CurveForm::exact ? own.exact : own.ramp;
+    const double z = point.position.y;
+    const double minusY = -point.position.x;
+    const double e = d.x + d.y * z + d.z * minusY;
+    const double es = e + point.strainOffset;
+    const CSegment& s = curve[curve.Locate(es)];
+    double stress = s.Stress(es);
+    double slope = kTangent ? s.Tangent(es) : 0.0;
+    if (point.displacedCurve >= 0) {
+      const PiecewiseCurve& displaced =
+          section.curves[static_cast<std::size_t>(point.displacedCurve)].displaced;
+      const double ec = e + point.displacedOffset;
+      const CSegment& c = displaced[displaced.Locate(ec)];
+      if (c.kind != SegmentKind::zero) {
+        stress -= c.Stress(ec);
+        if constexpr (kTangent) slope -= c.Tangent(ec);
+      }
+    }
+    const double force = point.area * stress;
+    f.x += force;
+    f.y += force * z;
+    f.z += force * minusY;
+    if constexpr (kTangent) {
+      const double stiffness = point.area * slope;
+      const double sz = stiffness * z;
+      const double sy = stiffness * minusY;
+      k.xx += stiffness;
+      k.xy += sz;
+      k.xz += sy;
+      k.yy += sz * z;
+      k.yz += sz * minusY;
+      k.zz += sy * minusY;
+    }
   }
-  const double force = point.area * stress;
-  r.force += Resultant{force, force * phi.y, force * phi.z};
-  if constexpr (kTangent) {
-    const double stiffness = point.area * slope;
-    r.tangent.xx += stiffness;
-    r.tangent.xy += stiffness * phi.y;
-    r.tangent.xz += stiffness * phi.z;
-    r.tangent.yy += stiffness * phi.y * phi.y;
-    r.tangent.yz += stiffness * phi.y * phi.z;
-    r.tangent.zz += stiffness * phi.z * phi.z;
-  }
+  r.force += f;
+  if constexpr (kTangent) r.tangent = r.tangent + k;
 }
 
 template <bool kTangent>
@@ -262,9 +272,7 @@ Response IntegrateAll(const CompiledSection& section, const Plane& d, CurveForm 
     const StressCurve& curve = section.curves[static_cast<std::size_t>(region.curve)];
     AddRegion<kTangent>(region, form == CurveForm::exact ? curve.exact : curve.ramp, d, r);
   }
-  for (const CompiledSection::PointArea& point : section.points) {
-    AddPoint<kTangent>(point, section, d, form, r);
-  }
+  AddPoints<kTangent>(section, d, form, r);
   return r;
 }
 

@@ -1,11 +1,11 @@
 #include "model/oxnumeric/section/kernel.h"
 
+#include <gtest/gtest.h>
+
 #include <cmath>
 #include <random>
 #include <string>
 #include <vector>
-
-#include <gtest/gtest.h>
 
 #include "model/oxnumeric/section/equilibrium.h"
 #include "sections.h"
@@ -80,8 +80,8 @@ TEST(Kernel, RationalPieceMatchesTheAntiderivative) {
   const CompiledSection section = Compile(input);
   const double m = k - 2.0;
   const double eta = limit / peak;
-  const double integral = -eta * eta / (2 * m) + (k + 1 / m) * eta / m -
-                          (k + 1 / m) / (m * m) * std::log1p(m * eta);
+  const double integral =
+      -eta * eta / (2 * m) + (k + 1 / m) * eta / m - (k + 1 / m) / (m * m) * std::log1p(m * eta);
   const double n = -f * 0.3 * 0.5 / eta * integral;
   // 1e-11 is the bound of the quadrature for rational pieces.
   EXPECT_NEAR(Integrate(section, {-limit / 2, -limit / 0.5, 0.0}).x / n, 1.0, 1e-11);
@@ -112,8 +112,8 @@ TEST(Kernel, TangentIsTheDerivative) {
       EXPECT_EQ(at.force, alone);
       const Vec3<double> v = RandomPlane(section, random, 1.0);
       const double h = 1e-8;
-      const Vec3<double> difference = (0.5 / h) * (Integrate(section, d + h * v) -
-                                                   Integrate(section, d + (-h) * v));
+      const Vec3<double> difference =
+          (0.5 / h) * (Integrate(section, d + h * v) - Integrate(section, d + (-h) * v));
       const Vec3<double> predicted = at.tangent * v;
       errors.push_back(ScaledNorm(section, difference - predicted) / (stiffness * r * r));
     }
@@ -147,8 +147,7 @@ TEST(Kernel, IsIndependentOfHowTheOutlineIsWritten) {
     for (int i = 0; i < 100; ++i) {
       const Plane d = RandomPlane(first, random, 0.004);
       const Resultant want = first.LoadToOrigin(Integrate(first, d));
-      const Resultant got =
-          other.LoadToOrigin(Integrate(other, other.ToLocal(first.ToOrigin(d))));
+      const Resultant got = other.LoadToOrigin(Integrate(other, other.ToLocal(first.ToOrigin(d))));
       EXPECT_LT(ScaledNorm(first, got - want), kRounding * first.squash);
     }
   }

@@ -38,8 +38,7 @@ inline CurveInput Block(double f = 17e6, double start = 0.0007, double limit = 0
 inline CurveInput Rational(double f = 38e6, double peak = 0.0022, double limit = 0.0035,
                            double k = 1.9) {
   // s = -f (k h - h²) / (1 + (k - 2) h) with h = -e / peak
-  return {{CSegment::Rational(-limit, 0.0, 0.0, f * k / peak, f / (peak * peak),
-                              -(k - 2.0) / peak),
+  return {{CSegment::Rational(-limit, 0.0, 0.0, f * k / peak, f / (peak * peak), -(k - 2.0) / peak),
            CSegment::Zero(0.0, 1.0)},
           0.0,
           false,
@@ -93,8 +92,14 @@ inline SectionInput WithBars(Points outline, Points hole, CurveInput concrete, c
 /// 300x500 with eight 20 mm bars.
 inline SectionInput Column(CurveInput concrete = ParabolaRectangle()) {
   return WithBars(Rectangle(0.3, 0.5), {}, std::move(concrete),
-                  {{-0.1, -0.2}, {0.0, -0.2}, {0.1, -0.2}, {-0.1, 0.0},
-                   {0.1, 0.0},   {-0.1, 0.2}, {0.0, 0.2},  {0.1, 0.2}},
+                  {{-0.1, -0.2},
+                   {0.0, -0.2},
+                   {0.1, -0.2},
+                   {-0.1, 0.0},
+                   {0.1, 0.0},
+                   {-0.1, 0.2},
+                   {0.0, 0.2},
+                   {0.1, 0.2}},
                   314e-6);
 }
 
@@ -102,8 +107,16 @@ inline SectionInput Column(CurveInput concrete = ParabolaRectangle()) {
 inline SectionInput Ell(CurveInput concrete = ParabolaRectangle()) {
   return WithBars({{0, 0}, {0.9, 0}, {0.9, 0.25}, {0.25, 0.25}, {0.25, 0.8}, {0, 0.8}}, {},
                   std::move(concrete),
-                  {{0.05, 0.05}, {0.3, 0.05}, {0.6, 0.05}, {0.85, 0.05}, {0.85, 0.2},
-                   {0.6, 0.2},   {0.2, 0.4},  {0.05, 0.4}, {0.05, 0.75}, {0.2, 0.75}},
+                  {{0.05, 0.05},
+                   {0.3, 0.05},
+                   {0.6, 0.05},
+                   {0.85, 0.05},
+                   {0.85, 0.2},
+                   {0.6, 0.2},
+                   {0.2, 0.4},
+                   {0.05, 0.4},
+                   {0.05, 0.75},
+                   {0.2, 0.75}},
                   491e-6);
 }
 
