@@ -4,7 +4,7 @@
 
 #include <cmath>
 
-#include "sections.h"
+#include "model/oxnumeric/section/test/sections.h"
 
 namespace Orlix::Numeric {
 namespace {

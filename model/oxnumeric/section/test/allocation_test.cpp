@@ -6,7 +6,7 @@
 
 #include "model/oxnumeric/section/equilibrium.h"
 #include "model/oxnumeric/section/failure.h"
-#include "sections.h"
+#include "model/oxnumeric/section/test/sections.h"
 
 namespace {
 // Counts what the code under test takes from the heap.

@@ -5,7 +5,7 @@
 #include <cmath>
 #include <random>
 
-#include "sections.h"
+#include "model/oxnumeric/section/test/sections.h"
 
 namespace Orlix::Numeric {
 namespace {

@@ -6,7 +6,7 @@
 #include <random>
 
 #include "model/oxnumeric/section/equilibrium.h"
-#include "sections.h"
+#include "model/oxnumeric/section/test/sections.h"
 
 namespace Orlix::Numeric {
 namespace {

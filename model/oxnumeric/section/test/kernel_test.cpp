@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "model/oxnumeric/section/equilibrium.h"
-#include "sections.h"
+#include "model/oxnumeric/section/test/sections.h"
 
 namespace Orlix::Numeric {
 namespace {
