@@ -1,0 +1,85 @@
+#include "bench/sections.h"
+
+#include <cmath>
+#include <random>
+#include <utility>
+#include <vector>
+
+#include "model/vldata/response/ResultMesh.h"
+
+namespace Orlix::Bench {
+namespace {
+
+using Data::CBar;
+using Data::CSecComp;
+using Data::CSecGeom;
+using Data::CVelmoData;
+using Data::ShapeDimensions;
+using Data::ShapeKind;
+using Points = std::vector<Vec2<double>>;
+
+CVelmoData Document(const CSecGeom& geometry, const wchar_t* concrete, const Points& bars,
+                    double diameter) {
+  CVelmoData document;
+  const auto materials = document.getMaterials();
+  const int steel = materials->Find(MatType::reinforcement, L"B500B");
+  CSecComp component(MatType::concrete, materials->Find(MatType::concrete, concrete), geometry);
+  Data::Reinforcement reinforcement;
+  const double area = std::acos(-1.0) * diameter * diameter / 4.0;
+  for (const Vec2<double>& p : bars) {
+    reinforcement.bars.emplace_back(p, diameter, area, steel);
+  }
+  component.Concrete().SetReinforcement(std::move(reinforcement));
+  Data::CSection section;
+  section.Components().push_back(std::move(component));
+  document.AddSection(section).AddTask();
+  return document;
+}
+
+}  // namespace
+
+CVelmoData RectangleDocument() {
+  ShapeDimensions size;
+  size.width = 0.3;
+  size.depth = 0.5;
+  const Points bars = {{-0.1, -0.2}, {0.0, -0.2}, {0.1, -0.2}, {-0.1, 0.0},
+                       {0.1, 0.0},   {-0.1, 0.2}, {0.0, 0.2},  {0.1, 0.2}};
+  return Document(CSecGeom(ShapeKind::rectangle, size), L"C30/37", bars, 0.020);
+}
+
+CVelmoData HollowBoxDocument() {
+  ShapeDimensions size;
+  size.width = 2.0;
+  size.depth = 1.6;
+  size.flangeThickness = size.webThickness = size.bottomThickness = 0.3;
+  Points bars;
+  for (int i = 0; i < 10; ++i) {
+    bars.push_back({-0.9 + 0.2 * i, -0.72});
+    bars.push_back({-0.9 + 0.2 * i, 0.72});
+  }
+  for (int i = 0; i < 8; ++i) {
+    bars.push_back({-0.92, -0.56 + 0.16 * i});
+    bars.push_back({0.92, -0.56 + 0.16 * i});
+  }
+  return Document(CSecGeom(ShapeKind::box, size), L"C40/50", bars, 0.032);
+}
+
+void AddCases(CVelmoData& document, int count) {
+  Data::Velmo9::VelmoSection& section = document.getSection(0);
+  const Data::Velmo9::ResultMesh mesh(document, section, 0, LoadState::ULS);
+  double reach = 0.0;
+  for (const auto& polygon : section.Components().front().Geometry().Polygons(0.0)) {
+    for (const Vec2<double>& p : polygon.outline) reach = std::max(reach, Length(p));
+  }
+  std::mt19937 random(1);
+  std::uniform_real_distribution<double> unit(-1.0, 1.0);
+  constexpr double kStrain = 0.003;  // up to twice the limits where all three add up
+  for (int i = 0; i < count; ++i) {
+    const Vec3<double> plane{kStrain * unit(random), kStrain / reach * unit(random),
+                             kStrain / reach * unit(random)};
+    const auto response = mesh.GetResponseTo(Data::Velmo9::Deformation(plane));
+    section.Task(0).addCase({"", response.Load().Vector()});
+  }
+}
+
+}  // namespace Orlix::Bench
