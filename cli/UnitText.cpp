@@ -1,0 +1,90 @@
+#include "cli/UnitText.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <limits>
+#include <numbers>
+
+#include "model/oxutil/StringFrom.h"
+#include "model/oxutil/text.h"
+
+namespace Orlix::Cli {
+
+namespace {
+
+constexpr const char* kNotCalculated = "-";
+const std::array<std::string, 3> kNothing = {kNotCalculated, kNotCalculated, kNotCalculated};
+constexpr double kRounding = 1e-9;  // of the largest member; the solver answers to 1e-10
+
+Vec3<double> WithoutRounding(const Vec3<double>& v) {
+  const double limit = kRounding * std::max({std::abs(v.x), std::abs(v.y), std::abs(v.z)});
+  const auto cleaned = [limit](double value) { return std::abs(value) < limit ? 0.0 : value; };
+  return {cleaned(v.x), cleaned(v.y), cleaned(v.z)};
+}
+
+std::string Fixed(double value, int decimals) {
+  char buffer[400];  // the largest double has 309 digits before the point
+  const auto end =
+      std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed, decimals).ptr;
+  return std::string(buffer, end);
+}
+
+bool IsRoundedAcrossOne(double value, const std::string& text) {
+  double shown{};
+  std::from_chars(text.data(), text.data() + text.size(), shown);
+  return (value < 1.0) != (shown < 1.0) || (value > 1.0) != (shown > 1.0);
+}
+
+}  // namespace
+
+std::string UnitText::Value(double value, Dimension dimension) const {
+  return std::isfinite(value) ? StringFrom(value * units_.Conversion(dimension)) : kNotCalculated;
+}
+
+std::string UnitText::SquaredValue(double value, Dimension dimension) const {
+  const double factor = units_.Conversion(dimension);
+  return std::isfinite(value) ? StringFrom(value * factor * factor) : kNotCalculated;
+}
+
+std::string UnitText::Unit(Dimension dimension) const {
+  return to_string(units_.UnitString(dimension));
+}
+
+std::array<std::string, 3> UnitText::Load(const Data::Velmo9::VelmoLoad& load) const {
+  const Vec3<double> v = WithoutRounding(load.Vector());
+  return {Value(v.x, Dimension::force), Value(v.y, Dimension::moment),
+          Value(v.z, Dimension::moment)};
+}
+
+std::array<std::string, 3> UnitText::Plane(const Data::Velmo9::Deformation& plane) const {
+  const Vec3<double> v = WithoutRounding(plane.Vector());
+  return {Value(v.x, Dimension::strain), Value(v.y, Dimension::curvature),
+          Value(v.z, Dimension::curvature)};
+}
+
+std::array<std::string, 3> UnitText::LoadAtFailure(const Data::Velmo9::VelmoLoad& load) const {
+  return load.Vector() == Vec3<double>{} ? kNothing : Load(load);
+}
+
+std::array<std::string, 3> UnitText::PlaneAtFailure(const Data::Velmo9::Deformation& plane) const {
+  return plane.Vector() == Vec3<double>{} ? kNothing : Plane(plane);
+}
+
+std::string UtilisationText(double utilisation) {
+  if (utilisation == std::numeric_limits<double>::infinity()) return "no capacity";
+  if (!std::isfinite(utilisation)) return kNotCalculated;
+  if (utilisation >= 1e6) return StringFrom(utilisation);
+  std::string text;
+  for (int decimals = 3; decimals <= std::numeric_limits<double>::max_digits10; ++decimals) {
+    text = Fixed(utilisation, decimals);
+    if (!IsRoundedAcrossOne(utilisation, text)) break;
+  }
+  return text;
+}
+
+std::string AngleText(double angle) {
+  return std::isfinite(angle) ? Fixed(angle * 180.0 / std::numbers::pi, 2) : kNotCalculated;
+}
+
+}  // namespace Orlix::Cli

@@ -1,0 +1,75 @@
+#include "cli/documents.h"
+
+#include <rapidjson/document.h>
+
+#include <cerrno>
+#include <cstring>
+#include <fstream>
+#include <iostream>
+#include <string>
+
+#include "cli/AtomicFile.h"
+#include "cli/commands.h"
+#include "model/oxutil/json.h"
+#include "model/oxutil/text.h"
+
+namespace Orlix::Cli {
+
+namespace {
+
+// Documents remember where they live, so every path is made absolute.
+std::filesystem::path Place(const std::filesystem::path& path) {
+  return std::filesystem::absolute(path).lexically_normal();
+}
+
+// Why a file that the facade refused is no document.
+std::string ReasonOf(const std::filesystem::path& path, const std::string& message) {
+  if (std::filesystem::is_directory(path)) return "is a directory";
+  errno = 0;
+  std::ifstream stream(path, std::ios::binary);
+  if (!stream) return errno == 0 ? message : std::strerror(errno);
+  Util::JsonDocument json;
+  std::string error;
+  const bool parsed = Util::ParseJson(stream, json, error);
+  stream.clear();
+  stream.seekg(0);
+  char first{};
+  if (!(stream >> first)) return "is empty; `velmo new` makes a document";
+  if (!parsed && (first == '{' || first == '\xEF')) return "is no valid JSON: " + error;
+  return message + ": it is no JSON document; `velmo new` makes one";
+}
+
+}  // namespace
+
+VelmoApp OpenDocument(const std::filesystem::path& path) {
+  VelmoApp app;
+  std::string message;
+  if (!app.Open(Place(path), message).opened) {
+    throw CommandError(path.string() + ": " + ReasonOf(path, message));
+  }
+  return app;
+}
+
+VelmoApp OpenForUse(const std::filesystem::path& path) {
+  VelmoApp app = OpenDocument(path);
+  const std::size_t problems = app.pData()->ReadProblems().size();
+  if (problems > 0) {
+    std::cerr << path.string() << ": " << problems
+              << (problems == 1 ? " value was" : " values were")
+              << " not understood and took the default; `velmo validate` lists them\n";
+  }
+  return app;
+}
+
+void SaveDocument(VelmoApp& app, const std::filesystem::path& path) {
+  app.pData()->setFilePath(Place(path));
+  const std::string text = to_string(app.fileString(true));
+  AtomicFile file(path);
+  file.Stream() << text;
+  file.Commit();
+  if (to_string(OpenDocument(path).fileString(true)) != text) {
+    throw CommandError(path.string() + ": reads back differently from what was written");
+  }
+}
+
+}  // namespace Orlix::Cli

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <filesystem>
+
+#include "app/VelmoApp.h"
+
+namespace Orlix::Cli {
+
+/// Opens a document.
+/// @throws CommandError when it cannot be read; for broken JSON with line and column.
+VelmoApp OpenDocument(const std::filesystem::path& path);
+
+/// As OpenDocument; when parts of the document could not be taken over, standard error says how
+/// many and where to learn more.
+VelmoApp OpenForUse(const std::filesystem::path& path);
+
+/// Writes the document, which from then on lives at `path`, and reads it back. A file that was
+/// there is replaced only when the new one is complete.
+/// @throws CommandError when the file cannot be written or reads back differently.
+void SaveDocument(VelmoApp& app, const std::filesystem::path& path);
+
+}  // namespace Orlix::Cli

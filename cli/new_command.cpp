@@ -1,0 +1,149 @@
+#include <rapidjson/document.h>
+
+#include <CLI/CLI.hpp>
+#include <filesystem>
+#include <iostream>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "app/VelmoApp.h"
+#include "cli/commands.h"
+#include "cli/documents.h"
+#include "cli/templates.h"
+#include "model/oxdata/codes/CConcCode.h"
+#include "model/oxutil/text.h"
+
+namespace Orlix::Cli {
+
+namespace {
+
+struct Arguments {
+  std::string out;
+  std::string title;
+  std::string section;
+  std::string code;
+  std::string annex{"recommended"};
+  std::string concrete{"C30/37"};
+  std::string reinforcement{"B500B"};
+  std::vector<std::string> units;
+  bool force{};
+};
+
+constexpr const char* kExample = R"(Example:
+  velmo new column.json --template rectangle --title "Column A1" --annex UK
+  velmo new beam.json --template beam --units force=kip,length=ft,stress=ksi)";
+
+std::string Joined(const std::vector<std::string>& words) {
+  std::string text;
+  for (const std::string& word : words) text += (text.empty() ? "" : ", ") + word;
+  return text;
+}
+
+const Data::Design::CodeChoice& FindCode(const Arguments& arguments) {
+  std::vector<std::string> known;
+  for (const Data::Design::CodeChoice& choice : Data::Design::KnownCodes()) {
+    if ((arguments.code.empty() || choice.name == arguments.code) &&
+        choice.annex == arguments.annex) {
+      return choice;
+    }
+    known.push_back(std::string(choice.name) + " (" + std::string(choice.annex) + ")");
+  }
+  throw CommandError("code \"" + arguments.code + "\" with annex \"" + arguments.annex +
+                     "\" is not known; codes and annexes: " + Joined(known));
+}
+
+void SetCode(VelmoApp& app, const Arguments& arguments) {
+  const Data::Design::CodeChoice& choice = FindCode(arguments);
+  Util::JsonDocument json(rapidjson::kObjectType);
+  auto& allocator = json.GetAllocator();
+  json.AddMember("concrete", std::string(choice.name), allocator);
+  json.AddMember("annex", std::string(choice.annex), allocator);
+  app.setCodes(json);
+}
+
+Dimension DimensionNamed(const std::string& name, const std::string& item) {
+  constexpr struct {
+    const char* name;
+    Dimension dimension;
+  } kNames[] = {{"force", Dimension::force},
+                {"length", Dimension::length},
+                {"sectionDims", Dimension::sectionDimensions},
+                {"stress", Dimension::stress},
+                {"mass", Dimension::mass},
+                {"strain", Dimension::strain},
+                {"temperature", Dimension::temperature}};
+  for (const auto& known : kNames) {
+    if (name == known.name) return known.dimension;
+  }
+  throw CommandError("--units " + item +
+                     ": give force, length, sectionDims, stress, mass, strain or temperature, "
+                     "as in force=kN");
+}
+
+Data::CUnit UnitsFrom(const std::vector<std::string>& items) {
+  Data::CUnit units;
+  for (const std::string& item : items) {
+    const std::string name = item.substr(0, item.find('='));
+    const std::string label = name == item ? "" : item.substr(name.size() + 1);
+    if (!units.SetUnitString(DimensionNamed(name, item), cstr(label))) {
+      throw CommandError("--units " + item + ": \"" + label + "\" is no unit of " + name +
+                         " that is known; docs/facade-json.md lists them");
+    }
+  }
+  return units;
+}
+
+int FindGrade(const VelmoApp& app, MatType type, const std::string& name) {
+  const Data::Materials& materials = *app.pData()->getMaterials();
+  const int grade = materials.Find(type, to_wstring(name));
+  if (grade >= 0) return grade;
+  std::vector<std::string> known;
+  for (int i = 0; i < materials.NumGrades(type); ++i) {
+    known.push_back(to_string(materials.Grade(type, i).Name()));
+  }
+  throw CommandError("grade \"" + name + "\" is not known; grades: " + Joined(known));
+}
+
+int Run(const Arguments& arguments) {
+  if (!arguments.force && std::filesystem::exists(std::filesystem::symlink_status(arguments.out))) {
+    throw CommandError(arguments.out + ": is there already; --force replaces it");
+  }
+  VelmoApp app;
+  app.New(cstr(arguments.title), UnitsFrom(arguments.units));
+  SetCode(app, arguments);
+  if (!arguments.section.empty()) {
+    AddTemplate(*app.pData(), arguments.section,
+                FindGrade(app, MatType::concrete, arguments.concrete),
+                FindGrade(app, MatType::reinforcement, arguments.reinforcement));
+  }
+  SaveDocument(app, arguments.out);
+  std::cout << arguments.out << ": written";
+  if (!arguments.section.empty()) std::cout << "; `velmo solve " << arguments.out << "` solves it";
+  std::cout << '\n';
+  return kDone;
+}
+
+}  // namespace
+
+void AddNewCommand(CLI::App& program, int& exitCode) {
+  auto arguments = std::make_shared<Arguments>();
+  CLI::App* command = program.add_subcommand("new", "Make a document");
+  command->footer(kExample);
+  command->add_option("OUT", arguments->out, "File to write")->required();
+  command->add_option("--template", arguments->section, "Section to start with; none without it")
+      ->check(CLI::IsMember(TemplateNames()));
+  command->add_option("--title", arguments->title, "Title of the project");
+  command->add_option("--code", arguments->code, "Design code, e.g. \"EN 1992-1-1:2004\"");
+  command->add_option("--annex", arguments->annex, "National annex, e.g. UK")->capture_default_str();
+  command->add_option("--concrete", arguments->concrete, "Concrete grade of the template")
+      ->capture_default_str();
+  command->add_option("--rebar", arguments->reinforcement, "Reinforcement grade of the template")
+      ->capture_default_str();
+  command->add_option("--units", arguments->units, "Display units, e.g. force=kN,stress=MPa")
+      ->delimiter(',');
+  command->add_flag("--force", arguments->force, "Replace a file that is there");
+  command->callback([arguments, &exitCode] { exitCode = Run(*arguments); });
+}
+
+}  // namespace Orlix::Cli

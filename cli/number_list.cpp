@@ -1,0 +1,57 @@
+#include "cli/number_list.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cstddef>
+#include <string>
+#include <system_error>
+
+#include "cli/commands.h"
+
+namespace Orlix::Cli {
+
+namespace {
+
+int NumberFrom(std::string_view text, std::string_view list, int count, std::string_view what) {
+  int number{};
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  const std::string shown(text);
+  if (end != text.data() + text.size() || text.empty() || error == std::errc::invalid_argument) {
+    throw CommandError("\"" + std::string(list) + "\": \"" + shown + "\" is no " +
+                       std::string(what) + " number; give numbers and ranges such as 1-20,25");
+  }
+  if (error != std::errc() || number < 1 || number > count) {
+    throw CommandError(std::string(what) + " " + shown + " is not there: " +
+                       (count == 0 ? "there is none"
+                                   : "the numbers are 1 to " + std::to_string(count)));
+  }
+  return number;
+}
+
+}  // namespace
+
+std::vector<int> IndicesFrom(std::string_view text, int count, std::string_view what) {
+  std::vector<int> indices;
+  std::vector<bool> listed(static_cast<std::size_t>(count));
+  for (std::size_t begin = 0; begin <= text.size();) {
+    const std::size_t end = std::min(text.find(',', begin), text.size());
+    const std::string_view item = text.substr(begin, end - begin);
+    begin = end + 1;
+    const std::size_t dash = item.find('-', 1);  // a leading minus belongs to the number
+    const int first = NumberFrom(item.substr(0, dash), text, count, what);
+    const int last = dash == std::string_view::npos
+                         ? first
+                         : NumberFrom(item.substr(dash + 1), text, count, what);
+    if (last < first) {
+      throw CommandError("\"" + std::string(item) + "\": the range runs backwards");
+    }
+    for (int number = first; number <= last; ++number) {
+      const auto index = static_cast<std::size_t>(number) - 1;
+      if (!listed[index]) indices.push_back(number - 1);
+      listed[index] = true;
+    }
+  }
+  return indices;
+}
+
+}  // namespace Orlix::Cli

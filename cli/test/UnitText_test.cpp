@@ -1,0 +1,69 @@
+#include "cli/UnitText.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <sstream>
+
+#include "cli/TextTable.h"
+
+namespace Orlix::Cli {
+namespace {
+
+constexpr double kInf = std::numeric_limits<double>::infinity();
+
+TEST(UtilisationText, NeverRoundsAcrossOne) {
+  const struct {
+    double utilisation;
+    const char* want;
+  } kCases[] = {
+      {0.0, "0.000"},          {0.87349, "0.873"},
+      {1.0, "1.000"},          {1.000002, "1.000002"},
+      {0.9996, "0.9996"},      {0.99999999, "0.99999999"},
+      {1.25, "1.250"},         {std::nextafter(1.0, 0.0), "0.9999999999999999"},
+      {std::nextafter(1.0, 2.0), "1.0000000000000002"},
+      {123456.7, "123456.700"}, {2.5e300, "2.5e+300"},
+      {kInf, "no capacity"},   {-kInf, "-"},
+      {std::nan(""), "-"},
+  };
+  for (const auto& c : kCases) EXPECT_EQ(UtilisationText(c.utilisation), c.want);
+}
+
+TEST(UnitText, ShowsValuesInTheUnitsOfTheDocument) {
+  Data::CUnit units;
+  ASSERT_TRUE(units.SetUnitString(Dimension::force, L"N"));
+  const UnitText text(units);
+  EXPECT_EQ(text.Value(1234.5, Dimension::force), "1234.5");
+  EXPECT_EQ(text.Value(2e6, Dimension::stress), "2");
+  EXPECT_EQ(text.Value(0.0035, Dimension::strain), "3.5");
+  EXPECT_EQ(text.SquaredValue(0.15, Dimension::sectionDimensions), "150000");
+  EXPECT_EQ(text.Value(std::nan(""), Dimension::force), "-");
+  EXPECT_EQ(text.Value(kInf, Dimension::force), "-");
+}
+
+TEST(UnitText, RoundingIsShownAsZero) {
+  const UnitText text((Data::CUnit()));
+  EXPECT_EQ(text.Load(Data::Velmo9::VelmoLoad({-1e6, 2e3, 1e-4}))[2], "0");
+  EXPECT_EQ(text.Load(Data::Velmo9::VelmoLoad({-1e6, 2e3, 1e-2}))[2], "1e-05");
+  EXPECT_EQ(text.Load(Data::Velmo9::VelmoLoad())[0], "0");
+  EXPECT_EQ(text.LoadAtFailure(Data::Velmo9::VelmoLoad())[0], "-");
+}
+
+TEST(TextTable, AlignsByCharactersAndKeepsLinesWhole) {
+  TextTable table;
+  table.AddColumn("name", "", TextTable::Align::left);
+  table.AddColumn("strain", "‰");
+  table.AddRow({"a\n\x1b[2J", "1.25"});
+  table.AddRow({"größer", "-10"});
+  std::ostringstream out;
+  table.Print(out);
+  EXPECT_EQ(out.str(),
+            "name    strain\n"
+            "             ‰\n"
+            "a  [2J    1.25\n"
+            "größer     -10\n");
+}
+
+}  // namespace
+}  // namespace Orlix::Cli
