@@ -1,5 +1,8 @@
 #include "app/PreSolutionChecks.h"
 
+#include <cstddef>
+#include <utility>
+
 #include "app/AppMessages.h"
 #include "app/model_indices.h"
 #include "model/vldata/response/SectionCompiler.h"
@@ -48,9 +51,9 @@ bool PreSolutionChecks::CheckTask(std::vector<std::string>& messages, int iSec, 
   // What the checks above find would be reported again by the compile step, so it is asked last.
   const VelmoSection& section = document_.Section(iSec);
   if (!section.Task(iTask).ComputesULS()) return true;
-  for (const std::string& problem :
+  for (std::string& problem :
        SectionCompiler::Problems(document_, section, iTask, LoadState::ULS)) {
-    messages.push_back(AppMessages::TaskPrefix(iTask) + problem);
+    messages.push_back(std::move(problem));
   }
   return messages.empty();
 }
