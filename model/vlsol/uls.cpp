@@ -22,6 +22,18 @@ constexpr double kInfinity = std::numeric_limits<double>::infinity();
 // Moments or axial forces below this part of the load are round-off of its input.
 constexpr double kNegligible = 1e-12;
 
+// A plane in the section's axes, with curvatures that are round-off of the search set to zero, so
+// that symmetric cases have a clean neutral axis.
+Vec3<double> Reported(const CompiledSection& section, const Plane& local) {
+  constexpr double kRoundOff = 1e-13;  // a hundredth of the equilibrium's tolerance
+  const double size = std::abs(local.x) + section.radius * std::hypot(local.y, local.z);
+  const double noise = kRoundOff * size / section.radius;
+  Plane clean = local;
+  if (std::abs(clean.y) <= noise) clean.y = 0.0;
+  if (std::abs(clean.z) <= noise) clean.z = 0.0;
+  return section.ToOrigin(clean);
+}
+
 double Utilisation(const FailurePoint& failure) {
   return failure.found ? 1.0 / failure.lambda : kInfinity;
 }
@@ -35,7 +47,7 @@ void FindCapacity(const CompiledSection& section, const Resultant& load, const P
   solution.loadUtilisation = Utilisation(failure);
   if (failure.found) {
     solution.loadAtFailure = failure.lambda * load;
-    solution.deformationAtFailure = section.ToOrigin(failure.plane);
+    solution.deformationAtFailure = Reported(section, failure.plane);
     solution.limitIsCap = failure.limitIsCap;
   }
   const double size = Numeric::ScaledNorm(section, load);
@@ -63,7 +75,7 @@ UlsCaseSolution SolveUlsLoad(const CompiledSection& section, const Vec3<double>&
       Numeric::SolveEquilibrium(section, section.LoadToLocal(load));
   const double gauge = Numeric::GaugeOf(section, equilibrium.plane).value;
   if (equilibrium.converged) {
-    solution.deformation = section.ToOrigin(equilibrium.plane);
+    solution.deformation = Reported(section, equilibrium.plane);
     solution.deformationUtilisation = gauge;
   }
   if (load == Vec3<double>{}) {

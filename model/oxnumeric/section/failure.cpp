@@ -257,7 +257,14 @@ class FailureSearch {
 
 FailurePoint FindFailure(const CompiledSection& section, const LoadPath& path,
                          const PathPoint& start) {
-  return FailureSearch(section, path, start).Run();
+  // With B of the squash force's size lambda is a number near one, whatever the load's size.
+  const double unit = section.squash / ScaledNorm(section, path.scaled);
+  if (!(unit > 0.0) || !std::isfinite(unit)) return {};
+  const LoadPath scaled{path.fixed, unit * path.scaled};
+  const PathPoint from{start.lambda / unit, start.plane, start.gauge};
+  FailurePoint failure = FailureSearch(section, scaled, from).Run();
+  failure.lambda *= unit;
+  return failure;
 }
 
 }  // namespace Orlix::Numeric
