@@ -78,22 +78,22 @@ class FailureSearch {
   Plane AimedStart() const {
     Plane v;
     if (path_.fixed == Resultant{} || !Direction(start_.plane, v)) return start_.plane;
-    const double sign = start_.gauge <= 1.0 ? 1.0 : -1.0;
-    const auto excess = [&](double t) {
-      return sign * (GaugeOf(section_, start_.plane + (sign * t) * v).value - 1.0);
-    };
-    double low = 0.0;
-    double high = 1.0;
-    for (int i = 0; excess(high) < 0.0; ++i, high *= 2.0) {
-      if (i == 60 || !IsFinite(high * v)) return start_.plane;
-      low = high;
+    double t = 0.0;
+    Gauge g = GaugeOf(section_, start_.plane);
+    for (double next = 1.0; g.value <= 1.0; next *= 2.0) {
+      t = next;
+      if (!IsFinite(t * v)) return start_.plane;
+      g = GaugeOf(section_, start_.plane + t * v);
     }
-    constexpr double kAim = 1e-2;  // Newton corrects the rest
-    while (high - low > kAim * high) {
-      const double middle = 0.5 * (low + high);
-      (excess(middle) < 0.0 ? low : high) = middle;
+    // From outside Newton on the gauge, a maximum of linear functions, comes down monotonically.
+    constexpr double kAim = 1e-2;  // the search itself corrects the rest
+    for (int i = 0; i < 5 && g.value > 1.0 + kAim; ++i) {
+      const double slope = Dot(g.row, v);
+      if (!(slope > 0.0)) break;
+      t -= (g.value - 1.0) / slope;
+      g = GaugeOf(section_, start_.plane + t * v);
     }
-    return start_.plane + (sign * high) * v;
+    return start_.plane + t * v;
   }
 
   // Point of the path at a factor: equilibrium from a nearby plane.
