@@ -131,11 +131,10 @@ void CVelmoData::SetGrade(const Util::JsonValue& json, bool onlyExisting) {
   const JsonPath path = root.Member("grade");
   ObjectReader reader(json, path, problems);
   const auto type = reader.Choice<MatType>("type", MaterialTypeNames());
-  const std::wstring name = to_wstring(reader.Text("name").value_or(""));
   if (json.IsObject() && reader.Find("type") == nullptr) {
     reader.Report("type", "a type of material");
   }
-  if (json.IsObject() && name.empty()) reader.Report("name", "the name of the grade");
+  const std::wstring name = to_wstring(reader.RequiredText("name", "the name of the grade"));
   if (type && !name.empty()) {
     const int there = materials_->Find(*type, name);
     if (there < 0 && onlyExisting) reader.Report("name", "the name of a grade in the table");

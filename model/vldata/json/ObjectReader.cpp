@@ -90,6 +90,15 @@ std::optional<OrlixString<wchar_t>> ObjectReader::WideText(std::string_view name
   return cstr(*text);
 }
 
+std::string ObjectReader::RequiredText(std::string_view name, std::string_view expected) {
+  if (object_ == nullptr) return {};  // which has been reported
+  const Util::JsonValue* value = Find(name);
+  if (value == nullptr || (value->IsString() && value->GetStringLength() == 0)) {
+    Report(name, expected);
+  }
+  return Text(name).value_or("");
+}
+
 std::optional<Vec2<double>> ObjectReader::Pair(std::string_view name) {
   const Util::JsonValue* value = Find(name);
   if (value == nullptr) return std::nullopt;

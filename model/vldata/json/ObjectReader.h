@@ -33,6 +33,8 @@ class ObjectReader {
   /// Text as valid UTF-8.
   std::optional<std::string> Text(std::string_view name);
   std::optional<OrlixString<wchar_t>> WideText(std::string_view name);
+  /// Text that must be there; empty after a problem.
+  std::string RequiredText(std::string_view name, std::string_view expected);
   /// Two numbers in an array.
   std::optional<Vec2<double>> Pair(std::string_view name);
   /// The member when it is an array; null when absent or something else.

@@ -35,11 +35,8 @@ void ReadTable(const Util::JsonValue& array, const JsonPath& path, MatType type,
   for (rapidjson::SizeType i = 0; i < array.Size(); ++i) {
     const JsonPath place = path.Element(i);
     ObjectReader reader(array[i], place, problems);
-    const std::wstring name = to_wstring(reader.Text("name").value_or(""));
-    if (name.empty()) {
-      if (array[i].IsObject()) reader.Report("name", "the name of the grade");
-      continue;
-    }
+    const std::wstring name = to_wstring(reader.RequiredText("name", "the name of the grade"));
+    if (name.empty()) continue;
     if (materials.Find(type, name) >= 0) {
       reader.Report("name", "a name that no other grade of the table has");
       continue;

@@ -1,0 +1,167 @@
+#include "model/vldata/document/CVelmoData.h"
+
+#include <gtest/gtest.h>
+
+#include "model/vldata/test/test_documents.h"
+
+namespace Orlix::Data {
+namespace {
+
+using Design::CMat;
+
+const CMat& Concrete(const CVelmoData& document, const wchar_t* name) {
+  const Materials& materials = *document.getMaterials();
+  return materials.Grade(MatType::concrete, materials.Find(MatType::concrete, name));
+}
+
+CMat Edited(CMat grade, double gamma) {
+  Design::MaterialProperties properties = grade.Properties();
+  properties.gamma = gamma;
+  grade.SetProperties(properties);
+  return grade;
+}
+
+TEST(CVelmoData, CopiesAreIndependent) {
+  CVelmoData original = BlockDocument({{0.0, 0.1}});
+  const std::string before = WriteDocument(original);
+  CVelmoData copy(original);
+  CVelmoData assigned;
+  assigned = original;
+  EXPECT_EQ(WriteDocument(copy), before);
+  for (CVelmoData* other : {&copy, &assigned}) {
+    CMat& grade = other->getMaterials()->Grade(MatType::concrete, 0);
+    grade = Edited(grade, 1.0);
+    other->getSection(0).Components().clear();
+    other->getSection(0).Task(0).addCase();
+    EXPECT_EQ(WriteDocument(original), before);
+  }
+  copy.UpdateModelId();
+  EXPECT_NE(copy.ModelId(), original.ModelId());
+  CVelmoData& same = original;
+  original = same;
+  EXPECT_EQ(WriteDocument(original), before);
+}
+
+TEST(CVelmoData, ASectionOrTaskOfItsOwnCanBeAdded) {
+  CVelmoData document = BlockDocument({});
+  for (int i = 0; i < 20; ++i) {  // often enough for the vectors to move
+    document.AddSection(document.Section(0));
+    document.getSection(0).AddTask(document.Section(0).Task(0));
+  }
+  EXPECT_EQ(document.Section(20).Components(), document.Section(0).Components());
+  EXPECT_EQ(document.Section(0).Tasks().size(), 21U);
+  EXPECT_THROW(document.Section(21), std::out_of_range);
+  EXPECT_THROW(document.Section(-1), std::out_of_range);
+  EXPECT_THROW(document.Section(0).Task(-1), std::out_of_range);
+}
+
+TEST(CVelmoData, ANewCodeTakesItsStandardGradesAlongAndLeavesEditedOnes) {
+  CVelmoData document;
+  CMat& edited = document.getMaterials()->Grade(MatType::concrete, 0);
+  edited = Edited(edited, 1.3);
+  const CMat before = edited;
+  document.SetCodes(ParseText(R"({"annex": "UK"})"));
+  EXPECT_EQ(ProblemText(document), "");
+  EXPECT_EQ(document.concreteCode().Data().country, Design::CCountry::Code::unitedKingdom);
+  EXPECT_EQ(document.getMaterials()->Grade(MatType::concrete, 0), before);
+  EXPECT_EQ(Concrete(document, L"C30/37").Properties().alpha, 0.85);
+  document.SetCodes(L"EN 1992-1-1:2004");  // the name alone: the annex listed first
+  EXPECT_EQ(Concrete(document, L"C30/37").Properties().alpha, 1.0);
+}
+
+TEST(CVelmoData, AWrongCodeChangesNothing) {
+  for (const char* codes :
+       {R"("EN 1992")", R"({"concrete": "EN 1992-1-1:2004", "annex": ""})", R"({"annex": 1})",
+        R"({"concrete": 3})", R"({"annex": "UK", "steel": "EN 1993"})", "3", "null"}) {
+    CVelmoData document;
+    const std::string before = WriteDocument(document);
+    document.SetCodes(ParseText(codes));
+    EXPECT_EQ(WriteDocument(document), before) << codes;
+    EXPECT_EQ(document.ReadProblems().size(), 1U) << codes << "\n" << ProblemText(document);
+  }
+}
+
+TEST(CVelmoData, SetsAndResetsGrades) {
+  CVelmoData document;
+  const int count = document.getMaterials()->NumGrades(MatType::concrete);
+  document.SetGrade(ParseText(R"({"type": "concrete", "name": "C30/37", "gamma": 1.2})"), true);
+  document.SetGrade(ParseText(R"({"type": "concrete", "name": "C30/37", "f_ct": 1e6})"), false);
+  EXPECT_EQ(ProblemText(document), "");
+  const Design::MaterialProperties& properties = Concrete(document, L"C30/37").Properties();
+  EXPECT_EQ(properties.gamma, 1.2);  // the second edit kept the first
+  EXPECT_EQ(properties.f_ct, 1e6);
+  document.ResetGrade(MatType::concrete, 4);
+  EXPECT_EQ(*document.getMaterials(), *CVelmoData().getMaterials());
+
+  document.SetGrade(ParseText(R"({"type": "steel", "name": "S235", "f_k": 235e6, "E": 210e9})"),
+                    false);
+  EXPECT_EQ(document.getMaterials()->Find(MatType::steel, L"S235"), 0);
+  const Materials before = *document.getMaterials();
+  document.ResetGrade(MatType::steel, 0);
+  document.ResetGrade(MatType::steel, 7);
+  document.ResetGrade(MatType::none, 0);
+  for (const char* grade :
+       {R"({"type": "steel", "name": "S275", "f_k": 275e6, "E": 210e9})",  // a new name
+        R"({"type": "steel", "name": "S235", "E": 0})", R"({"type": "wood", "name": "S235"})",
+        R"({"name": "S235"})", R"({"type": "steel", "name": ""})", R"({"type": "steel"})", "[]",
+        R"({"type": "concrete", "name": "C30/37", "sls": {"tension": {"curve": "none"}}})"}) {
+    document.SetGrade(ParseText(grade), true);
+    EXPECT_EQ(document.ReadProblems().size(), 1U) << grade << "\n" << ProblemText(document);
+  }
+  EXPECT_EQ(*document.getMaterials(), before);
+  EXPECT_EQ(document.getMaterials()->NumGrades(MatType::concrete), count);
+}
+
+TEST(CVelmoData, MovesOwnGradesOfComponentsIntoTheTables) {
+  CVelmoData document = BlockDocument({});
+  const CMat standard = Concrete(document, L"C30/37");
+  CMat unnamed(MatType::steel);
+  CMat bar(MatType::reinforcement);
+  auto& components = document.getSection(0).Components();
+  components.resize(5, components.front());
+  components[0].SetUserDefinedGrade(standard);
+  components[1].SetUserDefinedGrade(Edited(standard, 1.1));
+  components[2].SetUserDefinedGrade(Edited(standard, 1.1));
+  components[3].SetUserDefinedGrade(unnamed);
+  components[4].SetUserDefinedGrade(bar);
+  const Materials before = *document.getMaterials();
+  EXPECT_TRUE(document.IsMigrationOfGradesRequired());
+  document.SetUserDefinedGradesToSections();
+  EXPECT_FALSE(document.IsMigrationOfGradesRequired());
+
+  const Materials& materials = *document.getMaterials();
+  const int count = before.NumGrades(MatType::concrete);
+  EXPECT_EQ(materials.NumGrades(MatType::concrete), count + 1);
+  EXPECT_EQ(materials.NumGrades(MatType::reinforcement), before.NumGrades(MatType::reinforcement));
+  const auto& moved = document.Section(0).Components();
+  EXPECT_EQ(materials.Grade(MatType::concrete, moved[0].MaterialGrade()), standard);
+  EXPECT_EQ(moved[1].MaterialGrade(), count);
+  EXPECT_EQ(moved[2].MaterialGrade(), count);
+  EXPECT_EQ(materials.Grade(MatType::concrete, count).Name(), L"C30/37 (2)");
+  EXPECT_EQ(materials.Grade(MatType::concrete, count).Properties().gamma, 1.1);
+  EXPECT_EQ(moved[3].MaterialType(), MatType::steel);
+  EXPECT_EQ(materials.Grade(MatType::steel, 0).Name(), L"user-defined");
+  EXPECT_EQ(moved[4].MaterialType(), MatType::concrete);
+}
+
+TEST(CVelmoData, CrackedResultsApplyWhereAnIncludedConcreteHasSuchAModel) {
+  CVelmoData document = BlockDocument({});
+  const auto& section = document.Section(0);
+  EXPECT_TRUE(document.HasMaterialModel(section, 0, LoadState::SLS, 22));
+  EXPECT_FALSE(document.HasMaterialModel(section, 0, LoadState::ULS, 22));
+  EXPECT_FALSE(document.HasMaterialModel(section, 0, LoadState::SLS, 20));
+  EXPECT_TRUE(document.ShouldCalculateCracked(section, 0));
+  document.SetGrade(ParseText(R"({"type": "concrete", "name": "C30/37", "sls": {
+      "compression": {"curve": "BS 8110 tension"}, "tension": {"curve": "BS 8110 tension"}}})"),
+                    true);
+  EXPECT_TRUE(document.HasMaterialModel(section, 0, LoadState::SLS, 20));
+  EXPECT_TRUE(document.ShouldCalculateCracked(section, 0));
+  document.getSection(0).Task(0).SetIncludedComponents({1});
+  EXPECT_FALSE(document.ShouldCalculateCracked(section, 0));
+  EXPECT_FALSE(section.hasConcreteComponent(0));
+  document.getSection(0).Task(0).SetIncludedComponents({0});
+  EXPECT_TRUE(section.hasConcreteComponent(0));
+}
+
+}  // namespace
+}  // namespace Orlix::Data

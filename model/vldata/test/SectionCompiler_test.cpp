@@ -1,0 +1,206 @@
+#include "model/vldata/response/SectionCompiler.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <functional>
+#include <limits>
+
+#include "model/vldata/response/ResultMesh.h"
+#include "model/vldata/test/test_documents.h"
+
+namespace Orlix::Data::Velmo9 {
+namespace {
+
+constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+
+std::shared_ptr<const CompiledTask> CompileUls(const CVelmoData& document) {
+  return SectionCompiler::Compile(document, document.Section(0), 0, LoadState::ULS);
+}
+
+// A square of 1 m with a square hole of 0.2 m in its middle.
+CSecGeom SquareWithHole() {
+  return CSecGeom({{{{-0.5, -0.5}, {0.5, -0.5}, {0.5, 0.5}, {-0.5, 0.5}},
+                    {{{-0.1, -0.1}, {0.1, -0.1}, {0.1, 0.1}, {-0.1, 0.1}}}}});
+}
+
+TEST(SectionCompiler, CurvesAreTensionPositiveAndSharedByGrade) {
+  const CVelmoData document = BlockDocument({{0.0, 0.1}, {0.0, -0.1}});
+  const auto compiled = CompileUls(document);
+  ASSERT_TRUE(compiled);
+  ASSERT_EQ(compiled->section.curves.size(), 2U);
+  const struct {
+    MatType type;
+    int grade;
+    int curve;
+  } kCases[] = {
+      {MatType::concrete, document.Section(0).Components()[0].MaterialGrade(),
+       compiled->section.regions[0].curve},
+      {MatType::reinforcement, document.Section(0).Components()[0].Concrete().Bars()[0].Grade(),
+       compiled->section.points[0].curve},
+  };
+  EXPECT_EQ(compiled->section.points[0].curve, compiled->section.points[1].curve);
+  for (const auto& c : kCases) {
+    const auto& material = document.getMaterials()->Grade(c.type, c.grade).Curve(LoadState::ULS);
+    const auto& curve = compiled->section.curves[static_cast<std::size_t>(c.curve)];
+    EXPECT_EQ(curve.lower, -material.CompressionLimit());
+    EXPECT_EQ(curve.upper, material.TensionLimit());
+    for (const double strain : {-0.0034, -0.002, -0.0011, -1e-5, 1e-5, 0.0011, 0.003, 0.05}) {
+      const double stress = curve.exact[curve.exact.Locate(strain)].Stress(strain);
+      EXPECT_EQ(stress, -material.Stress(-strain)) << strain;
+    }
+  }
+  EXPECT_LT(compiled->section.curves[0].lower, 0.0);
+  EXPECT_TRUE(compiled->components->at(0).barResultsValid);
+}
+
+TEST(SectionCompiler, BarsDisplaceTheConcreteTheyReallySitIn) {
+  const struct {
+    const char* what;
+    Vec2<double> bar;
+    bool displaces;
+  } kCases[] = {
+      {"inside", {0.3, 0.3}, true},         {"outside", {0.6, 0.0}, false},
+      {"on the outline", {0.5, 0.1}, true}, {"in the hole", {0.05, 0.0}, false},
+      {"on the hole", {0.1, 0.0}, true},    {"in the other component", {2.0, 0.0}, true},
+  };
+  for (const auto& c : kCases) {
+    SCOPED_TRACE(c.what);
+    CVelmoData document = BlockDocument({c.bar});
+    auto& components = document.getSection(0).Components();
+    components.push_back(components[0]);
+    components[0].SetGeometry(SquareWithHole());
+    ShapeDimensions dimensions;
+    dimensions.width = dimensions.depth = 1.0;
+    components[1].SetGeometry(CSecGeom(ShapeKind::rectangle, dimensions, {2.0, 0.0}));
+    components[1].Concrete().SetReinforcement({});
+    const auto compiled = CompileUls(document);
+    ASSERT_TRUE(compiled);
+    EXPECT_EQ(compiled->section.points[0].displacedCurve >= 0, c.displaces);
+    document.SetOptions({false});
+    EXPECT_LT(CompileUls(document)->section.points[0].displacedCurve, 0);
+  }
+}
+
+TEST(SectionCompiler, ATensilePreloadStrainsTheBar) {
+  const double strength = 500e6 / 1.15;  // B500B at the ultimate limit state
+  const struct {
+    Preload preload;
+    double strain;
+  } kCases[] = {
+      {{PreloadKind::strain, 0.001}, 0.001},
+      {{PreloadKind::stress, 100e6}, 100e6 / 200e9},
+      {{PreloadKind::stress, -100e6}, -100e6 / 200e9},
+      {{PreloadKind::force, 31400.0}, 31400.0 / 3.14e-4 / 200e9},
+      {{PreloadKind::stress, 600e6}, strength / 200e9},  // beyond the curve: the strain of its peak
+      {{static_cast<PreloadKind>(7), 3.0}, 0.0},
+  };
+  for (const auto& c : kCases) {
+    CVelmoData document = BlockDocument({{0.0, 0.1}});
+    Reinforcement bars = document.Section(0).Components()[0].Concrete().GetReinforcement();
+    bars.bars[0].SetPreload(c.preload);
+    document.getSection(0).Components()[0].Concrete().SetReinforcement(bars);
+    EXPECT_DOUBLE_EQ(BarPreStrain(document, bars.bars[0], LoadState::ULS), -c.strain);
+    const auto compiled = CompileUls(document);
+    ASSERT_TRUE(compiled);
+    EXPECT_DOUBLE_EQ(compiled->section.points[0].strainOffset, c.strain);
+    EXPECT_EQ(compiled->section.points[0].displacedOffset, 0.0);
+  }
+}
+
+TEST(SectionCompiler, SaysWhatCannotBeCompiled) {
+  const auto bar = [](const CBar& edited) {
+    return [edited](CVelmoData&, VelmoSection& s) {
+      s.Components()[0].Concrete().SetReinforcement({{edited}});
+    };
+  };
+  const auto shape = [](const CSecGeom& geometry) {
+    return [geometry](CVelmoData&, VelmoSection& s) { s.Components()[0].SetGeometry(geometry); };
+  };
+  const struct {
+    std::function<void(CVelmoData&, VelmoSection&)> edit;
+    const char* problem;
+  } kCases[] = {
+      {[](CVelmoData&, VelmoSection& s) { s.Components().clear(); },
+       "Task 1 includes no component."},
+      {[](CVelmoData&, VelmoSection& s) { s.Task(0).SetIncludedComponents({1}); },
+       "Task 1 includes no component."},
+      {[](CVelmoData&, VelmoSection& s) { s.Components()[0].SetMaterial(MatType::none, 0); },
+       "Component 1 has no material type: choose concrete, steel or FRP."},
+      {[](CVelmoData&, VelmoSection& s) { s.Components()[0].SetMaterial(MatType::concrete, 99); },
+       "Component 1 has no grade of its material: choose one of the document's."},
+      {[](CVelmoData& d, VelmoSection&) {
+         d.getMaterials()
+             ->Grade(MatType::concrete, d.getMaterials()->Find(MatType::concrete, L"C30/37"))
+             .SetProperties({kNaN, 1e10, 0.0, 1.0, 1.5});
+       },
+       "Component 1: the grade C30/37 has no valid stress-strain curve at the ultimate limit "
+       "state."},
+      {shape(CSecGeom()), "Component 1 has no valid outline: there is no shape."},
+      {shape(CSecGeom({{{{0.0, 0.0}, {1e9, 0.0}, {0.0, 1.0}}, {}}})),
+       "Component 1 reaches further than 1000 km from the section's origin."},
+      {bar(CBar({0.0, 0.0}, 0.02, 3e-4, -1)),
+       "Component 1, bar 1 has no grade of the document's reinforcement."},
+      {bar(CBar({0.0, 0.0}, 0.02, 0.0, 1)),
+       "Component 1, bar 1 has no area: give it a diameter or an area."},
+      {bar(CBar({0.0, 0.0}, 0.02, kNaN, 1)),
+       "Component 1, bar 1 has no area: give it a diameter or an area."},
+      {bar(CBar({0.0, kNaN}, 0.02, 3e-4, 1)), "Component 1, bar 1 has no valid position."},
+      {bar(CBar({0.0, 0.0}, 0.02, 3e-4, 1, {PreloadKind::strain, kNaN})),
+       "Component 1, bar 1 has a preload that gives no strain."},
+      {[](CVelmoData&, VelmoSection& s) {
+         s.Components().push_back(s.Components()[0]);
+         ShapeDimensions dimensions;
+         dimensions.width = dimensions.depth = 0.2;
+         s.Components()[1].SetGeometry(CSecGeom(ShapeKind::rectangle, dimensions, {0.2, 0.0}));
+       },
+       "Component 1 and component 2 overlap at y = 0.15 m, z = 0 m: take them apart, or include "
+       "only one of them in the task."},
+  };
+  for (const auto& c : kCases) {
+    SCOPED_TRACE(c.problem);
+    CVelmoData document = BlockDocument({});
+    c.edit(document, document.getSection(0));
+    EXPECT_EQ(SectionCompiler::Problems(document, document.Section(0), 0, LoadState::ULS),
+              std::vector<std::string>{c.problem});
+    EXPECT_EQ(CompileUls(document), nullptr);
+    EXPECT_THROW(ResultMesh(document, document.Section(0), 0, LoadState::ULS),
+                 std::invalid_argument);
+  }
+}
+
+TEST(SectionCompiler, ComponentsMayTouchOrFillAHole) {
+  CVelmoData document = BlockDocument({});
+  auto& components = document.getSection(0).Components();
+  components.resize(3, components[0]);
+  components[0].SetGeometry(SquareWithHole());
+  ShapeDimensions dimensions;
+  dimensions.width = dimensions.depth = 0.2;
+  components[1].SetGeometry(CSecGeom(ShapeKind::rectangle, dimensions));
+  components[2].SetGeometry(CSecGeom(ShapeKind::rectangle, dimensions, {0.6, 0.0}));
+  EXPECT_TRUE(CompileUls(document));
+}
+
+TEST(ResultMesh, AFarOriginAndBothDirectionsGiveTheSameState) {
+  CVelmoData document = BlockDocument({{49.9, -20.25}, {50.1, -20.25}, {50.0, -19.75}});
+  ShapeDimensions dimensions;
+  dimensions.width = 0.4;
+  dimensions.depth = 0.6;
+  document.getSection(0).Components()[0].SetGeometry(
+      CSecGeom(ShapeKind::rectangle, dimensions, {50.0, -20.0}));
+  const ResultMesh mesh(document, document.Section(0), 0, LoadState::ULS);
+  const Vec3<double> about{-1.2e6, 1.2e5 + 20.0 * 1.2e6, 3e4 + 50.0 * 1.2e6};
+  const DetailedIntegrationResult there = mesh.GetResponseTo(VelmoLoad(about));
+  const DetailedIntegrationResult back = mesh.GetResponseTo(there.Deformation());
+  // The solver stops at 1e-11 of the load, taken about the section's centre; moments about the
+  // origin add the axial force times the distance.
+  for (const auto& load : {there.Load().Vector(), back.Load().Vector()}) {
+    EXPECT_NEAR(load.x, about.x, 1e-10 * 1.2e6);
+    EXPECT_NEAR(load.y, about.y, 1e-10 * 50.0 * 1.2e6);
+    EXPECT_NEAR(load.z, about.z, 1e-10 * 50.0 * 1.2e6);
+  }
+  EXPECT_EQ(back.Components().size(), 1U);
+}
+
+}  // namespace
+}  // namespace Orlix::Data::Velmo9

@@ -1,0 +1,301 @@
+#include <gtest/gtest.h>
+
+#include <random>
+#include <string>
+
+#include "model/vldata/response/SectionCompiler.h"
+#include "model/vldata/test/test_documents.h"
+
+namespace Orlix::Data {
+namespace {
+
+const char* const kExamples[] = {"examples/beam.json", "examples/column.json",
+                                 "examples/hollow-box-pier.json"};
+
+std::string ExampleOfThePage() {
+  const std::string page = FileText("docs/document.md");
+  const std::size_t begin = page.find("```json\n") + 8;
+  return page.substr(begin, page.find("```", begin) - begin);
+}
+
+void ExpectReadsAndCompiles(const std::string& text) {
+  const CVelmoData document = ReadDocument(text);
+  EXPECT_EQ(ProblemText(document), "");
+  ASSERT_GT(document.NumSections(), 0);
+  for (const Velmo9::VelmoSection& section : document.Sections()) {
+    for (int task = 0; task < static_cast<int>(section.Tasks().size()); ++task) {
+      for (const LoadState state : {LoadState::ULS, LoadState::SLS}) {
+        EXPECT_EQ(Velmo9::SectionCompiler::Problems(document, section, task, state),
+                  std::vector<std::string>{});
+      }
+    }
+  }
+  const std::string written = WriteDocument(document);
+  EXPECT_EQ(WriteDocument(ReadDocument(written)), written);
+}
+
+TEST(Document, ExamplesAreReadWithoutProblems) {
+  for (const char* path : kExamples) {
+    SCOPED_TRACE(path);
+    const std::string text = FileText(path);
+    EXPECT_EQ(text.find("filePath"), std::string::npos);
+    ExpectReadsAndCompiles(text);
+  }
+}
+
+TEST(Document, TheExampleOfItsPageIsReadWithoutProblems) {
+  ExpectReadsAndCompiles(ExampleOfThePage());
+}
+
+// Every member differs from its default, and every kind of curve, shape and preload is there.
+constexpr const char* kEverything = R"({
+    "format": "velmo document", "version": 1, "modelId": "an identity", "filePath": "/tmp/a ü.json",
+    "titles": {"project": "p", "part": "q", "description": "two\nlines", "jobNumber": "7", "initials": "\"x\""},
+    "units": {"force": "kip", "length": "ft", "sectionDims": "in", "stress": "ksi", "mass": "lb",
+              "strain": "με", "temperature": "°F"},
+    "codes": {"concrete": "EN 1992-1-1:2004", "annex": "UK"},
+    "options": {"deductDisplacedConcrete": false},
+    "materials": {
+        "concrete": [
+            {"name": "a", "f_k": 31000001, "E": 1e10, "f_ct": 0.1, "alpha": 0.3, "gamma": 1.7,
+             "uls": {"compression": {"curve": "parabola-rectangle", "eps_peak": 0.0021, "n": 1.7,
+                                     "eps_limit": 0.0033, "eps_uniform": 0.0021},
+                     "tension": {"curve": "linear", "eps_limit": 1e-4}},
+             "sls": {"compression": {"curve": "BS 8110 tension", "eps_limit": 0.02},
+                     "tension": {"curve": "BS 8110 tension", "eps_limit": 0.02}}},
+            {"name": "b", "f_k": 4e7, "E": 3e10,
+             "uls": {"compression": {"curve": "rectangular-block", "block_start": 0.0011,
+                                     "block_factor": 0.9, "eps_limit": 0.0035},
+                     "tension": {"curve": "none", "eps_limit": 0.5}},
+             "sls": {"compression": {"curve": "non-linear", "eps_peak": 0.0023, "eps_limit": 0.003},
+                     "tension": {"curve": "none"}}},
+            {"name": "c", "f_k": 4e7, "E": 3e10,
+             "sls": {"compression": {"curve": "interpolated"}, "tension": {"curve": "interpolated"}}}],
+        "reinforcement": [
+            {"name": "r", "f_k": 5e8, "E": 2e11,
+             "uls": {"compression": {"curve": "bilinear", "eps_peak": 0.003, "hardening": 1.1,
+                                     "eps_hardening": 0.06, "eps_limit": 0.05},
+                     "tension": {"curve": "explicit"}, "points": [[0, 0], [0.002, 4e8], [0.1, 5e8]]},
+             "sls": {"points": [[0.1, 0.30000000000000004]]}}],
+        "steel": [{"name": "s", "f_k": 1.5e8, "E": 2.1e11}],
+        "FRP": [{"name": "f", "f_k": 2e9, "E": 1.6e11, "alpha": 0.85, "gamma": 1.25}]
+    },
+    "sections": [
+        {"name": "one", "components": [
+            {"name": "poly", "material": "concrete", "grade": "b", "geometry": {"shape": "polygon",
+             "polygons": [{"outline": [[0, 0], [1, 0], [1, 1.1], [0, 1]],
+                           "holes": [[[0.1, 0.1], [0.2, 0.1], [0.1, 0.2]]]},
+                          {"outline": [[2, 0], [3, 0], [2, 1]]}]},
+             "bars": [
+                {"y": 0.5, "z": 0.25, "diameter": 0.02, "grade": "r", "preload": {"kind": "stress", "value": 1e8}},
+                {"y": 0.6, "z": 0.25, "area": 3e-4, "grade": "r", "preload": {"kind": "force", "value": 1e5}},
+                {"y": 0.7, "z": -0.0, "diameter": 0.02, "area": 3e-4, "preload": {"kind": "strain", "value": 1e-3}}]},
+            {"name": "box", "material": "steel", "grade": "s", "geometry": {"shape": "box", "width": 1,
+             "depth": 2, "flangeThickness": 0.2, "webThickness": 0.3, "bottomThickness": 0.1,
+             "centre": [5, -7], "rotation": 0.1}},
+            {"name": "strip", "material": "FRP", "grade": "f", "geometry": {"shape": "trapezoid",
+             "width": 1, "depth": 0.1, "bottomWidth": 0.5}},
+            {"name": "bare"}],
+         "tasks": [
+            {"name": "t", "uls": false, "sls": true, "action": "deformation", "components": [2, 3],
+             "cases": [{"name": "c", "eps": 1e-3, "kyy": -2e-3, "kzz": 0.1}]},
+            {"name": "u", "components": [], "cases": [{"N": 1, "Myy": 2, "Mzz": 3}, {}]}]},
+        {"name": "two"}]
+})";
+
+TEST(Document, WhatIsWrittenReadsBackToTheSameText) {
+  const CVelmoData document = ReadDocument(kEverything);
+  EXPECT_EQ(ProblemText(document), "");
+  const std::string written = WriteDocument(document);
+  const CVelmoData again = ReadDocument(written);
+  EXPECT_EQ(ProblemText(again), "");
+  EXPECT_EQ(WriteDocument(again), written);
+  EXPECT_EQ(*again.getMaterials(), *document.getMaterials());
+  // A member that the reader skipped would be missing from both texts.
+  for (const char* part : {
+           "31000001.0",
+           "0.30000000000000004",
+           "\"two\\nlines\"",
+           "0.0033",
+           "\"eps_uniform\": 0.0021",
+           "\"n\": 1.7",
+           "\"BS 8110 tension\"",
+           "\"block_start\": 0.0011",
+           "\"block_factor\": 0.9",
+           "\"non-linear\"",
+           "\"interpolated\"",
+           "\"hardening\": 1.1",
+           "\"eps_hardening\": 0.06",
+           "\"bottomThickness\": 0.1",
+           "\"bottomWidth\": 0.5",
+           "-7.0",
+           "\"rotation\": 0.1",
+           "\"kyy\": -0.002",
+           "\"force\": \"kip\"",
+           "\"°F\"",
+           "\"filePath\": \"/tmp/a ü.json\"",
+           "\"kind\": \"force\"",
+           "\"deductDisplacedConcrete\": false",
+           "\"components\": []",
+       }) {
+    EXPECT_NE(written.find(part), std::string::npos) << part;
+  }
+}
+
+TEST(Document, StandardGradesWrittenInFullAreStillTheCodesOwn) {
+  const CVelmoData document;
+  const CVelmoData again = ReadDocument(WriteDocument(document));
+  EXPECT_EQ(ProblemText(again), "");
+  EXPECT_EQ(*again.getMaterials(), *document.getMaterials());
+  const CVelmoData byName = ReadDocument(
+      R"({"format": "velmo document", "materials": {"concrete": [{"name": "C30/37", "gamma": 1.2}]}})");
+  EXPECT_EQ(byName.getMaterials()->NumGrades(MatType::concrete), 1);
+  Design::CMat expected = document.getMaterials()->Grade(MatType::concrete, 4);
+  Design::MaterialProperties properties = expected.Properties();
+  properties.gamma = 1.2;
+  expected.SetProperties(properties);
+  EXPECT_EQ(byName.getMaterials()->Grade(MatType::concrete, 0), expected);
+  EXPECT_EQ(byName.getMaterials()->NumGrades(MatType::reinforcement),
+            document.getMaterials()->NumGrades(MatType::reinforcement));
+}
+
+TEST(Document, SaysWhatItCouldNotTakeOver) {
+  const struct {
+    const char* members;  // of the root, besides the format
+    const char* problems;
+  } kCases[] = {
+      {R"("version": 2)", "version: 2, 1\n"},
+      {R"("modelId": 7)", "modelId: 7, a text\n"},
+      {R"("title": {})", "title: an object, no member of this name\n"},
+      {R"("titles": [1, 2])", "titles: an array of 2, an object\n"},
+      {R"("titles": {"part": null})", "titles.part: null, a text\n"},
+      {R"("titles": {"part": "a", "part": "b"})",
+       "titles.part: the member a second time, each member once\n"},
+      {R"("units": {"stress": "bar"})",
+       "units.stress: \"bar\", the text of a unit of this dimension\n"},
+      {R"("codes": {"concrete": "EN 1"})",
+       "codes.concrete: \"EN 1\", one of \"EN 1992-1-1:2004\"\n"},
+      {R"("codes": {"annex": "XX"})", "codes.annex: \"XX\", one of \"recommended\", \"UK\"\n"},
+      {R"("options": {"deductDisplacedConcrete": 1})",
+       "options.deductDisplacedConcrete: 1, true or false\n"},
+      {R"("materials": {"concrete": {}})", "materials.concrete: an object, an array\n"},
+      {R"("materials": {"concrete": [{}]})",
+       "materials.concrete[1].name: nothing, the name of the grade\n"},
+      {R"("materials": {"concrete": [{"name": "C30/37"}, {"name": "C30/37"}]})",
+       "materials.concrete[2].name: \"C30/37\", a name that no other grade of the table has\n"},
+      {R"("materials": {"concrete": [{"name": "C30/37", "f_k": -1}]})",
+       "materials.concrete[1].f_k: -1, a positive number\n"},
+      {R"("materials": {"steel": [{"name": "S", "E": 1e9}]})",
+       "materials.steel[1].f_k: nothing, a positive number, since the code has no grade of this "
+       "name\n"},
+      {R"("materials": {"steel": [{"name": "S", "E": 1, "f_k": 1, "f_ct": 2}]})",
+       "materials.steel[1].f_ct: 2, no member of this name\n"},
+      {R"("materials": {"concrete": [{"name": "C30/37", "uls": {"tension": {"curve": "curly"}}}]})",
+       "materials.concrete[1].uls.tension.curve: \"curly\", one of \"none\", \"linear\", "
+       "\"explicit\", \"bilinear\", \"parabola-rectangle\", \"rectangular-block\", \"non-linear\", "
+       "\"BS 8110 tension\", \"interpolated\"\n"},
+      {R"("materials": {"concrete": [{"name": "C30/37", "uls": {"compression":
+           {"curve": "parabola-rectangle", "eps_peak": 0.004, "eps_limit": 0.003}}}]})",
+       "materials.concrete[1].uls: numbers that give no curve, a peak and a limit in this order, a "
+       "modulus, and points where explicit\n"},
+      {R"("materials": {"concrete": [{"name": "C30/37", "sls": {"tension": {"curve": "none"}}}]})",
+       "materials.concrete[1].sls: different curves in compression and tension, \"BS 8110 "
+       "tension\" or \"interpolated\" alike on both sides\n"},
+      {R"("materials": {"reinforcement": [{"name": "B500B", "sls": {"points": [[1, 2], [3], 4]}}]})",
+       "materials.reinforcement[1].sls.points[2]: an array of 1, an array of two numbers\n"
+       "materials.reinforcement[1].sls.points[3]: 4, an array of two numbers\n"},
+      {R"("sections": [3])", "sections[1]: 3, an object\n"},
+      {R"("sections": [{"components": [{"material": "wood", "grade": "C24"}]}])",
+       "sections[1].components[1].material: \"wood\", one of \"concrete\", \"steel\", \"FRP\"\n"},
+      {R"("sections": [{"components": [{"grade": "C24"}]}])",
+       "sections[1].components[1].material: nothing, the material of the grade\n"},
+      {R"("sections": [{}, {"components": [{}, {"material": "concrete", "grade": "C31/37"}]}])",
+       "sections[2].components[2].grade: \"C31/37\", the name of a grade in the document's "
+       "table\n"},
+      {R"("sections": [{"components": [{"material": "steel", "bars": []}]}])",
+       "sections[1].components[1].bars: an array of 0, bars in a component of concrete alone\n"},
+      {R"("sections": [{"components": [{"material": "concrete", "bars": [{"y": "0", "diameter": 0}]}]}])",
+       "sections[1].components[1].bars[1].y: \"0\", a number\n"
+       "sections[1].components[1].bars[1].diameter: 0, a positive number\n"},
+      {R"("sections": [{"components": [{"material": "concrete", "bars": [{}]}]}])",
+       "sections[1].components[1].bars[1].area: nothing, an area or a diameter\n"},
+      {R"("sections": [{"components": [{"geometry": {"shape": "star"}}]}])",
+       "sections[1].components[1].geometry.shape: \"star\", the name of a shape, such as "
+       "\"rectangle\" or \"polygon\"\n"},
+      {R"("sections": [{"components": [{"geometry": {"shape": "circle", "width": 1}}]}])",
+       "sections[1].components[1].geometry.diameter: nothing, a positive number\n"
+       "sections[1].components[1].geometry.width: 1, no member of this name\n"},
+      {R"("sections": [{"components": [{"geometry": {"shape": "polygon", "polygons": [{"outline": [[0]]}]}}]}])",
+       "sections[1].components[1].geometry.polygons[1].outline[1]: an array of 1, an array of two "
+       "numbers\n"},
+      {R"("sections": [{"components": [{}], "tasks": [{"components": [1, 1, 2, 1.5]}]}])",
+       "sections[1].tasks[1].components[2]: 1, the number of a component, 1 to 1, once each\n"
+       "sections[1].tasks[1].components[3]: 2, the number of a component, 1 to 1, once each\n"
+       "sections[1].tasks[1].components[4]: 1.5, the number of a component, 1 to 1, once each\n"},
+      {R"("sections": [{"tasks": [{"action": "deformation", "cases": [{"N": 1}]}]}])",
+       "sections[1].tasks[1].cases[1].N: 1, no member of this name\n"},
+  };
+  for (const auto& c : kCases) {
+    SCOPED_TRACE(c.members);
+    const auto text = std::string(R"({"format": "velmo document", )") + c.members + "}";
+    const CVelmoData document = ReadDocument(text);
+    EXPECT_EQ(ProblemText(document), c.problems);
+    // What was taken over instead is a document that can be written and read.
+    const std::string written = WriteDocument(document);
+    EXPECT_EQ(WriteDocument(ReadDocument(written)), written);
+  }
+  for (const char* text : {"null", "[]", "\"text\"", "3"}) {
+    EXPECT_EQ(ReadDocument(text).ReadProblems().size(), 1U) << text;
+  }
+  EXPECT_EQ(ProblemText(ReadDocument("{}")), "format: nothing, \"velmo document\"\n");
+}
+
+TEST(Document, ListsNoMoreThanAThousandProblems) {
+  std::string text = R"({"format": "velmo document", "sections": [0)";
+  for (int i = 0; i < 5000; ++i) text += ",0";
+  const CVelmoData document = ReadDocument(text + "]}");
+  EXPECT_EQ(document.ReadProblems().size(), ProblemList::kMax + 1);
+  EXPECT_EQ(document.ReadProblems().back().found, "further problems");
+}
+
+// Any bytes give a document and problems, or are no JSON; what was read can be written and checked.
+TEST(Document, SurvivesMutatedBytes) {
+  const std::string original = ExampleOfThePage();
+  constexpr std::string_view kBytes = "0123456789-+.eE\"{}[]:,ntf \xC3\x00";
+  std::mt19937 random(20240607);
+  const auto below = [&](std::size_t n) { return random() % n; };
+  int read = 0;
+  for (int round = 0; round < 4000; ++round) {
+    std::string text = original;
+    for (std::size_t i = 0; i <= below(3); ++i) {
+      const std::size_t at = below(text.size());
+      switch (below(3)) {
+        case 0:
+          text[at] = kBytes[below(kBytes.size())];
+          break;
+        case 1:
+          text.erase(at, 1 + below(40));
+          break;
+        default:
+          text.insert(at, text.substr(below(text.size()), below(60)));
+          break;
+      }
+    }
+    Util::JsonDocument json;
+    std::string error;
+    if (!Util::ParseJson(text, json, error)) continue;
+    ++read;
+    const CVelmoData document(json);
+    const std::string written = WriteDocument(document);
+    ASSERT_EQ(WriteDocument(ReadDocument(written)), written) << text;
+    for (const auto& section : document.Sections()) {
+      for (int task = 0; task < static_cast<int>(section.Tasks().size()); ++task) {
+        Velmo9::SectionCompiler::Compile(document, section, task, LoadState::ULS);
+      }
+    }
+  }
+  EXPECT_GT(read, 300);  // enough mutants are still JSON for the reader to be tried
+}
+
+}  // namespace
+}  // namespace Orlix::Data
