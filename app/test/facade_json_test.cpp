@@ -1,0 +1,177 @@
+// Runs every example of docs/facade-json.md.
+
+#include <gtest/gtest.h>
+#include <rapidjson/document.h>
+
+#include <cmath>
+#include <fstream>
+#include <map>
+#include <string>
+
+#include "app/VelmoApp.h"
+#include "app/test/Column.h"
+#include "model/oxutil/json.h"
+
+namespace Orlix {
+namespace {
+
+using Data::Velmo9::AnalysisTask;
+using Util::JsonValue;
+
+// The JSON blocks of the page by what stands behind "```json ".
+std::map<std::string, std::string> Examples() {
+  std::ifstream page("docs/facade-json.md");
+  std::map<std::string, std::string> examples;
+  const std::string fence = "```json ";
+  std::string* text = nullptr;
+  for (std::string line; std::getline(page, line);) {
+    if (line.starts_with(fence)) {
+      text = &examples[line.substr(fence.size())];
+    } else if (line.starts_with("```")) {
+      text = nullptr;
+    } else if (text != nullptr) {
+      *text += line + '\n';
+    }
+  }
+  return examples;
+}
+
+void Parse(const std::string& text, Util::JsonDocument& json) {
+  std::string error;
+  ASSERT_TRUE(Util::ParseJson(text, json, error)) << error;
+}
+
+// Same members in the same order, same texts, numbers alike to six digits and zeros to 1e-9: the
+// page is no proof of the solver, and its last digits may differ between processors.
+void ExpectAlike(const JsonValue& got, const JsonValue& want, const std::string& path) {
+  SCOPED_TRACE(path);
+  ASSERT_EQ(got.GetType(), want.GetType());
+  if (want.IsObject()) {
+    ASSERT_EQ(got.MemberCount(), want.MemberCount());
+    auto member = got.MemberBegin();
+    for (const auto& wanted : want.GetObject()) {
+      const std::string name = wanted.name.GetString();
+      ASSERT_EQ(std::string(member->name.GetString()), name);
+      ExpectAlike(member->value, wanted.value, path + "." + name);
+      ++member;
+    }
+  } else if (want.IsArray()) {
+    ASSERT_EQ(got.Size(), want.Size());
+    for (rapidjson::SizeType i = 0; i < want.Size(); ++i) {
+      ExpectAlike(got[i], want[i], path + "[" + std::to_string(i) + "]");
+    }
+  } else if (want.IsDouble()) {
+    EXPECT_NEAR(got.GetDouble(), want.GetDouble(), 1e-6 * std::abs(want.GetDouble()) + 1e-9);
+  } else {
+    EXPECT_EQ(got, want);
+  }
+}
+
+void ExpectCaseResults(const std::string& example, void (*setUp)(AnalysisTask&)) {
+  VelmoApp app;
+  AnalysisTask& task = AddColumn(*app.pData()).Task(0);
+  setUp(task);
+  std::vector<int> cases;
+  for (int i = 0; i < task.NumCases(); ++i) cases.push_back(i);
+  Util::JsonDocument got;
+  std::string message;
+  ASSERT_TRUE(app.GetCaseResults(0, 0, cases, got, message, true)) << message;
+  Util::JsonDocument want;
+  Parse(example, want);
+  ExpectAlike(got, want, "results");
+  if (testing::Test::HasFailure()) ADD_FAILURE() << Util::PrettyJson(got);
+}
+
+void CheckTitles(const Util::JsonDocument& json) {
+  VelmoApp app;
+  app.setTitles(json);
+  const Data::CTitles want = [] {
+    Data::CTitles titles;
+    titles.project = "Harbour bridge";
+    titles.part = "Pier 3";
+    titles.description = "Column head";
+    titles.jobNumber = "1204";
+    titles.initials = "AB";
+    return titles;
+  }();
+  EXPECT_EQ(app.pData()->Titles(), want);
+}
+
+void CheckUnits(const Util::JsonDocument& json) {
+  VelmoApp app;
+  app.setUnits(json);
+  const Data::CUnit& units = app.pData()->Units();
+  EXPECT_EQ(units.UnitString(Dimension::force), L"kip");
+  EXPECT_EQ(units.UnitString(Dimension::length), L"ft");
+  EXPECT_EQ(units.UnitString(Dimension::sectionDimensions), L"in");
+  EXPECT_EQ(units.UnitString(Dimension::stress), L"ksi");
+  EXPECT_EQ(units.UnitString(Dimension::mass), L"lb");
+  EXPECT_EQ(units.UnitString(Dimension::strain), L"ε");
+  EXPECT_EQ(units.UnitString(Dimension::temperature), L"°F");
+}
+
+void CheckCodes(const Util::JsonDocument& json) {
+  VelmoApp app;
+  app.setCodes(json);
+  EXPECT_TRUE(app.pData()->ReadProblems().empty());
+  EXPECT_EQ(app.pData()->CodePointer()->country, Data::Design::CCountry::Code::unitedKingdom);
+}
+
+void CheckGrade(const Util::JsonDocument& json) {
+  VelmoApp app;
+  const Data::Materials& materials = *app.pData()->getMaterials();
+  const int grade = materials.Find(MatType::concrete, L"C30/37");
+  app.setGrade(json);
+  EXPECT_TRUE(app.pData()->ReadProblems().empty());
+  EXPECT_DOUBLE_EQ(materials.Grade(MatType::concrete, grade).DesignStrength(), 25e6);
+  app.resetGrade(MatType::concrete, grade);
+  EXPECT_DOUBLE_EQ(materials.Grade(MatType::concrete, grade).DesignStrength(), 20e6);
+}
+
+void CheckOptions(const Util::JsonDocument& json) {
+  const Data::Velmo9::OutputOptions options{static_cast<const JsonValue&>(json)};
+  EXPECT_TRUE(options.uls.utilisations && options.uls.deformationAtFailure);
+  EXPECT_TRUE(options.uls.loadAtFailure && options.uls.loadUnderDeformation);
+  EXPECT_TRUE(options.uls.deformationUnderLoad);
+  EXPECT_FALSE(options.uls.pointResults || options.sls.IsOutputWanted());
+}
+
+TEST(FacadeJson, EveryInputOfThePageDoesWhatItSays) {
+  const std::map<std::string, void (*)(const Util::JsonDocument&)> checks = {
+      {"setTitles", CheckTitles}, {"setUnits", CheckUnits},        {"setCodes", CheckCodes},
+      {"setGrade", CheckGrade},   {"OutputOptions", CheckOptions},
+  };
+  std::size_t inputs = 0;
+  for (const auto& [name, text] : Examples()) {
+    if (name.starts_with("GetCaseResults ")) continue;
+    SCOPED_TRACE(name);
+    Util::JsonDocument json;
+    Parse(text, json);
+    ASSERT_TRUE(checks.contains(name)) << "an example that nothing runs";
+    checks.at(name)(json);
+    ++inputs;
+  }
+  EXPECT_EQ(inputs, checks.size());
+}
+
+TEST(FacadeJson, EveryResultOfThePageIsWhatTheFacadeGives) {
+  const auto examples = Examples();
+  ExpectCaseResults(examples.at("GetCaseResults loads"), [](AnalysisTask& task) {
+    task.addCase({"", {-1e6, 120e3, 30e3}});
+    task.addCase();
+    task.addCase({"", {-5e6, 0.0, 0.0}});
+  });
+  ExpectCaseResults(examples.at("GetCaseResults deformations"), [](AnalysisTask& task) {
+    task.SetAction(LoadAction::deformation);
+    task.addCase({"", {-0.0005, 0.004, 0.0}});
+    task.addCase();
+    task.addCase({"", {-0.003, 0.01, 0.0}});
+  });
+  ExpectCaseResults(examples.at("GetCaseResults none"), [](AnalysisTask& task) {
+    task.SetLimitStates(false, true);
+    task.addCase();
+  });
+}
+
+}  // namespace
+}  // namespace Orlix
