@@ -3,6 +3,7 @@
 #include <rapidjson/document.h>
 
 #include <fstream>
+#include <ios>
 #include <string_view>
 
 #include "app/AppMessages.h"
@@ -28,6 +29,17 @@ std::string Utf8(const std::filesystem::path& path) {
   return std::string(text.begin(), text.end());
 }
 
+// Reads a file whose root is a JSON object.
+bool ReadJsonObject(const std::filesystem::path& path, JsonDocument& json) {
+  std::ifstream stream(path, std::ios::binary);
+  std::string parseError;
+  try {
+    return Util::ParseJson(stream, json, parseError) && json.IsObject();
+  } catch (const std::ios_base::failure&) {
+    return false;  // it opened but cannot be read: a folder, or a disk that fails
+  }
+}
+
 bool WasSavedElsewhere(const JsonDocument& json, const std::filesystem::path& path) {
   const JsonValue* saved = Util::FindMember(json, "filePath");
   if (saved == nullptr) return false;
@@ -44,10 +56,8 @@ void VelmoApp::New(const OrlixString<wchar_t>& title, const Data::CUnit& units) 
 }
 
 FileIOAttributes VelmoApp::Open(const std::filesystem::path& path, std::string& message) {
-  std::ifstream stream(path, std::ios::binary);
   JsonDocument json;
-  std::string parseError;
-  if (Util::ParseJson(stream, json, parseError) && json.IsObject()) {
+  if (ReadJsonObject(path, json)) {
     OpenJson(json, path);
   } else {
     std::wstring error;
