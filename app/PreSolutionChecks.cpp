@@ -21,8 +21,7 @@ bool PreSolutionChecks::CheckSection(std::vector<std::string>& messages, int iSe
     const char* one;
     const char* several;
   } kChecks[] = {
-      {&PreSolutionChecks::HaveMaterialType, " has no material type.",
-       " have no material types."},
+      {&PreSolutionChecks::HaveMaterialType, " has no material type.", " have no material types."},
       {&PreSolutionChecks::HaveMaterialGrade, " does not have a valid material grade.",
        " do not have valid material grades."},
       {&PreSolutionChecks::HaveMaterialCurves, " does not have valid material curves.",
@@ -73,8 +72,7 @@ bool PreSolutionChecks::Collect(int iSec, std::vector<int>& bad, Fails fails) co
 }
 
 bool PreSolutionChecks::HaveMaterialType(int iSec, std::vector<int>& bad) const {
-  return Collect(iSec, bad,
-                 [](const CSecComp& c) { return c.MaterialType() == MatType::none; });
+  return Collect(iSec, bad, [](const CSecComp& c) { return c.MaterialType() == MatType::none; });
 }
 
 bool PreSolutionChecks::HaveMaterialGrade(int iSec, std::vector<int>& bad) const {

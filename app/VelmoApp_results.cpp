@@ -70,9 +70,9 @@ bool VelmoApp::CompileCaseResults(int iSec, int iTask, const std::vector<int>& c
   return true;
 }
 
-Data::Velmo9::CaseULSDetails VelmoApp::CaseULSDetails(
-    int iSec, int iTask, int iCase, const Data::Velmo9::UlsOutputOptions& options,
-    bool withDetails) const {
+Data::Velmo9::CaseULSDetails VelmoApp::CaseULSDetails(int iSec, int iTask, int iCase,
+                                                      const Data::Velmo9::UlsOutputOptions& options,
+                                                      bool withDetails) const {
   if (!options.IsOutputWanted() || !HasCase(document_, iSec, iTask, iCase)) return {};
   const VelmoSection& section = document_.Section(iSec);
   const auto& solved = section.Task(iTask).Results();

@@ -34,7 +34,8 @@ void PopulateLoadAndDeformation(CaseULSDetails& record, const AnalysisTask& task
     record.load = result.Load();
     wantsFactor = options.loadUnderDeformation;
   }
-  if (wantsFactor && carried && strengthReduction) record.reductionFactor = result.ReductionFactor();
+  if (wantsFactor && carried && strengthReduction)
+    record.reductionFactor = result.ReductionFactor();
 }
 
 void PopulateUtilisations(CaseULSDetails& record, const AnalysisTask& task, const UlSResult& result,

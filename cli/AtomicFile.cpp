@@ -29,7 +29,8 @@ AtomicFile::~AtomicFile() {
 
 void AtomicFile::Commit() {
   stream_.close();
-  if (!stream_) throw CommandError(path_.string() + ": could not be written whole; is the disk full?");
+  if (!stream_)
+    throw CommandError(path_.string() + ": could not be written whole; is the disk full?");
   std::error_code error;
   std::filesystem::rename(temporary_, path_, error);
   if (error) throw CommandError(path_.string() + ": cannot be replaced: " + error.message());

@@ -12,8 +12,9 @@ namespace {
 
 // Characters, not bytes: units such as ‰ and mm² are longer in UTF-8.
 std::size_t Width(const std::string& text) {
-  return static_cast<std::size_t>(std::count_if(
-      text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; }));
+  return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char c) {
+    return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U;
+  }));
 }
 
 // Names come from documents: a line end or an escape would break the table or the terminal.

@@ -84,7 +84,9 @@ std::string UtilisationText(double utilisation) {
 }
 
 std::string AngleText(double angle) {
-  return std::isfinite(angle) ? Fixed(angle * 180.0 / std::numbers::pi, 2) : kNotCalculated;
+  if (!std::isfinite(angle)) return kNotCalculated;
+  std::string text = Fixed(angle * 180.0 / std::numbers::pi, 2);
+  return text == "-0.00" ? "0.00" : text;
 }
 
 }  // namespace Orlix::Cli

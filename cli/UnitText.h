@@ -22,7 +22,8 @@ class UnitText {
   /// The unit, e.g. "kNm".
   std::string Unit(Dimension dimension) const;
 
-  /// N, Myy and Mzz. What is below 1e-9 of the others (a metre as the lever) is rounding, shown as 0.
+  /// N, Myy and Mzz. What is below 1e-9 of the others (a metre as the lever) is rounding, shown as
+  /// 0.
   std::array<std::string, 3> Load(const Data::Velmo9::VelmoLoad& load) const;
   /// As Load; "-" for a zero load, which stands for one that was not found.
   std::array<std::string, 3> LoadAtFailure(const Data::Velmo9::VelmoLoad& load) const;

@@ -7,9 +7,8 @@
 
 namespace Orlix::Cli {
 
-void ForEachRecord(
-    const VelmoApp& app, int iSec, int iTask, std::span<const int> cases,
-    const std::function<void(int, const Data::Velmo9::CaseULSDetails&)>& use) {
+void ForEachRecord(const VelmoApp& app, int iSec, int iTask, std::span<const int> cases,
+                   const std::function<void(int, const Data::Velmo9::CaseULSDetails&)>& use) {
   for (std::size_t begin = 0; begin < cases.size(); begin += kBlock) {
     const auto block = cases.subspan(begin, std::min(kBlock, cases.size() - begin));
     std::vector<VelmoApp::CaseRecords> records;

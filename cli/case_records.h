@@ -16,9 +16,8 @@ inline constexpr std::size_t kBlock = 2048;
 
 /// Calls use(iCase, record) for the cases of a solved task, in order.
 /// @throws CommandError when a case has no result.
-void ForEachRecord(
-    const VelmoApp& app, int iSec, int iTask, std::span<const int> cases,
-    const std::function<void(int, const Data::Velmo9::CaseULSDetails&)>& use);
+void ForEachRecord(const VelmoApp& app, int iSec, int iTask, std::span<const int> cases,
+                   const std::function<void(int, const Data::Velmo9::CaseULSDetails&)>& use);
 
 /// The number that ranks a case: how far its input goes towards what the section bears.
 double GoverningUtilisation(const Data::Velmo9::UlSResult& result, LoadAction action);

@@ -135,7 +135,8 @@ void AddNewCommand(CLI::App& program, int& exitCode) {
       ->check(CLI::IsMember(TemplateNames()));
   command->add_option("--title", arguments->title, "Title of the project");
   command->add_option("--code", arguments->code, "Design code, e.g. \"EN 1992-1-1:2004\"");
-  command->add_option("--annex", arguments->annex, "National annex, e.g. UK")->capture_default_str();
+  command->add_option("--annex", arguments->annex, "National annex, e.g. UK")
+      ->capture_default_str();
   command->add_option("--concrete", arguments->concrete, "Concrete grade of the template")
       ->capture_default_str();
   command->add_option("--rebar", arguments->reinforcement, "Reinforcement grade of the template")

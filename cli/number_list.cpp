@@ -21,9 +21,9 @@ int NumberFrom(std::string_view text, std::string_view list, int count, std::str
                        std::string(what) + " number; give numbers and ranges such as 1-20,25");
   }
   if (error != std::errc() || number < 1 || number > count) {
-    throw CommandError(std::string(what) + " " + shown + " is not there: " +
-                       (count == 0 ? "there is none"
-                                   : "the numbers are 1 to " + std::to_string(count)));
+    throw CommandError(
+        std::string(what) + " " + shown + " is not there: " +
+        (count == 0 ? "there is none" : "the numbers are 1 to " + std::to_string(count)));
   }
   return number;
 }

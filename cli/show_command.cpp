@@ -53,11 +53,16 @@ void PrintHeading(const CVelmoData& document) {
 
 const char* TypeName(MatType type) {
   switch (type) {
-    case MatType::concrete: return "concrete";
-    case MatType::steel: return "steel";
-    case MatType::FRP: return "FRP";
-    case MatType::reinforcement: return "reinforcement";
-    case MatType::none: break;
+    case MatType::concrete:
+      return "concrete";
+    case MatType::steel:
+      return "steel";
+    case MatType::FRP:
+      return "FRP";
+    case MatType::reinforcement:
+      return "reinforcement";
+    case MatType::none:
+      break;
   }
   return "none";
 }
@@ -120,14 +125,13 @@ void PrintComponents(const CVelmoData& document, const VelmoSection& section) {
       return hasArea ? units.Value(value, Dimension::sectionDimensions) : std::string("-");
     };
     const auto kind = component.Geometry().Kind();
-    table.AddRow({std::to_string(++number), to_string(component.Name()),
-                  TypeName(component.MaterialType()),
-                  GradeName(document, component.MaterialType(), component.MaterialGrade()),
-                  kind == Data::ShapeKind::none ? "none" : Data::ShapeName(kind),
-                  units.SquaredValue(gross.area, Dimension::sectionDimensions),
-                  lengthOf(gross.centroid.x), lengthOf(gross.centroid.y),
-                  component.ConcreteExist() ? std::to_string(component.Concrete().Bars().size())
-                                            : "-"});
+    table.AddRow(
+        {std::to_string(++number), to_string(component.Name()), TypeName(component.MaterialType()),
+         GradeName(document, component.MaterialType(), component.MaterialGrade()),
+         kind == Data::ShapeKind::none ? "none" : Data::ShapeName(kind),
+         units.SquaredValue(gross.area, Dimension::sectionDimensions), lengthOf(gross.centroid.x),
+         lengthOf(gross.centroid.y),
+         component.ConcreteExist() ? std::to_string(component.Concrete().Bars().size()) : "-"});
   }
   table.Print(std::cout);
 }
@@ -147,8 +151,8 @@ void PrintTasks(const VelmoSection& section) {
               << (task.ComputesULS() && task.ComputesSLS() ? " and " : "")
               << (task.ComputesSLS() ? "SLS" : "") << ", "
               << (task.Action() == LoadAction::load ? "loads" : "deformations") << ", "
-              << task.NumCases() << (task.NumCases() == 1 ? " case, " : " cases, ")
-              << Waiting(task) << " waiting to be solved\n";
+              << task.NumCases() << (task.NumCases() == 1 ? " case, " : " cases, ") << Waiting(task)
+              << " waiting to be solved\n";
   }
 }
 

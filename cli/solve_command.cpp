@@ -81,8 +81,8 @@ std::vector<Job> JobsOf(const CVelmoData& document, const Arguments& arguments) 
 
 // Checks and solves; false when there is nothing to show.
 bool Solved(VelmoApp& app, const Job& job) {
-  const std::string place = "section " + std::to_string(job.iSec + 1) + ", task " +
-                            std::to_string(job.iTask + 1) + ": ";
+  const std::string place =
+      "section " + std::to_string(job.iSec + 1) + ", task " + std::to_string(job.iTask + 1) + ": ";
   std::vector<std::string> messages;
   if (!app.preSolutionChecksPassed(messages, job.iSec, job.iTask)) {
     for (const std::string& message : messages) std::cerr << place << message << '\n';
@@ -108,8 +108,7 @@ void PrintTitle(const CVelmoData& document, const Job& job, std::ostream& out) {
       << document.CodePointer()->name << " (" << document.CodePointer()->annex << ")\n\n";
 }
 
-void PrintText(const VelmoApp& app, const Job& job, const Arguments& arguments,
-               std::ostream& out) {
+void PrintText(const VelmoApp& app, const Job& job, const Arguments& arguments, std::ostream& out) {
   const CVelmoData& document = *app.pData();
   if (!document.Section(job.iSec).Task(job.iTask).ComputesULS()) return;
   PrintTitle(document, job, out);

@@ -29,8 +29,10 @@ void WriteIndented(const std::string& text, const std::string& margin, std::ostr
 void WriteCaseJson(VelmoApp& app, int iSec, int iTask, const std::vector<int>& cases,
                    const std::string& margin, std::ostream& out) {
   const std::string inner = margin + kStep;
-  out << "{\n" << inner << "\"iSec\": " << iSec << ",\n" << inner << "\"iTask\": " << iTask
-      << ",\n" << inner << "\"results\": [";
+  out << "{\n"
+      << inner << "\"iSec\": " << iSec << ",\n"
+      << inner << "\"iTask\": " << iTask << ",\n"
+      << inner << "\"results\": [";
   const std::string element = inner + kStep;
   const char* separator = "";
   for (std::size_t begin = 0; begin < cases.size(); begin += kBlock) {

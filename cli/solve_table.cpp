@@ -97,8 +97,8 @@ TextTable MakeTable(const UnitText& units, bool isLoad) {
 std::vector<std::string> Cells(const Rank& rank, const CaseULSDetails& record,
                                const AnalysisTask& task, const UnitText& units) {
   const bool isLoad = task.Action() == LoadAction::load;
-  std::vector<std::string> cells = {
-      std::to_string(rank.iCase + 1), task.Cases()[static_cast<std::size_t>(rank.iCase)].name};
+  std::vector<std::string> cells = {std::to_string(rank.iCase + 1),
+                                    task.Cases()[static_cast<std::size_t>(rank.iCase)].name};
   const auto append = [&cells](const std::array<std::string, 3>& three) {
     cells.insert(cells.end(), three.begin(), three.end());
   };
@@ -119,8 +119,9 @@ std::vector<std::string> Cells(const Rank& rank, const CaseULSDetails& record,
 void PrintCounts(const std::vector<Rank>& ranks, std::size_t shown, std::ostream& out) {
   const auto carried =
       std::count_if(ranks.begin(), ranks.end(), [](const Rank& r) { return r.carried; });
-  out << '\n' << ranks.size() << (ranks.size() == 1 ? " case: " : " cases: ") << carried
-      << " carried, " << std::ssize(ranks) - carried << " not carried";
+  out << '\n'
+      << ranks.size() << (ranks.size() == 1 ? " case: " : " cases: ") << carried << " carried, "
+      << std::ssize(ranks) - carried << " not carried";
   if (shown < ranks.size()) out << "; " << shown << " shown, --all shows all";
   out << "\nGoverning: case " << ranks.front().iCase + 1 << ", utilisation "
       << UtilisationText(ranks.front().utilisation) << '\n';
@@ -154,7 +155,8 @@ void PrintCaseTable(const VelmoApp& app, int iSec, int iTask, const std::vector<
 }
 
 void PrintReadingRules(const VelmoApp& app, int iSec, std::ostream& out) {
-  out << "Signs: tension positive; positive Myy puts tension on the +z side, positive Mzz on the -y "
+  out << "Signs: tension positive; positive Myy puts tension on the +z side, positive Mzz on the "
+         "-y "
          "side\n"
       << "Loads act at the section's origin";
   const GrossArea gross = GrossConcreteOf(app.pData()->Section(iSec));
@@ -164,7 +166,8 @@ void PrintReadingRules(const VelmoApp& app, int iSec, std::ostream& out) {
     // A centroid in the origin comes out as rounding of the section's size.
     const double noise = 1e-12 * std::sqrt(gross.area);
     const auto text = [&](double value) {
-      return units.Value(std::abs(value) < noise ? 0.0 : value, Dimension::sectionDimensions) + unit;
+      return units.Value(std::abs(value) < noise ? 0.0 : value, Dimension::sectionDimensions) +
+             unit;
     };
     out << "; the gross concrete centroid is at y = " << text(gross.centroid.x)
         << ", z = " << text(gross.centroid.y);

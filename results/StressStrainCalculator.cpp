@@ -52,8 +52,8 @@ void StressStrainCalculator::AddUlsPointResults(const VelmoSection& section, Cas
       section, result, task,
       [&](int component, const GradeAndType& material, Vec2<double> position, double strain,
           double stress) {
-        record.pointResults[component].push_back(PointULSResult{
-            position, strain, stress, material.first, material.second});
+        record.pointResults[component].push_back(
+            PointULSResult{position, strain, stress, material.first, material.second});
       },
       [&](int component, int number, const CBar& bar, double strain, double stress) {
         record.barResults[component].push_back(
@@ -104,7 +104,7 @@ double StressStrainCalculator::BarPreStrain(const CBar& bar, LoadState state) co
 }
 
 double StressStrainCalculator::Stress(const Data::Design::CMatCurveParam& curve, double strain) {
-  return -curve.Stress(-strain);
+  return 0.0 - curve.Stress(-strain);  // a negation that gives no negative zero
 }
 
 StressStrainCalculator::GradeAndType StressStrainCalculator::GetGradeAndType(int grade,

@@ -41,9 +41,8 @@ class StressStrainCalculator {
   /// Strain at a point (y, z) [m] of a component; with the locked-in strain when the task preloads
   /// the component.
   static double PointStrainWithPrestrain(const Data::Velmo9::Deformation& deformation,
-                                         Vec2<double> point,
-                                         const Data::Velmo9::AnalysisTask& task, int component,
-                                         const ComponentDetails& details);
+                                         Vec2<double> point, const Data::Velmo9::AnalysisTask& task,
+                                         int component, const ComponentDetails& details);
 
   /// Stress [Pa], tension positive, of a material curve, which counts compression positive.
   static double Stress(const Data::Design::CMatCurveParam& curve, double strain);

@@ -4,14 +4,13 @@
 
 namespace Orlix {
 
-/// Appends a section with one task and no case: a column of C30/37, 0.3 m by 0.5 m about the origin,
-/// with a 20 mm bar of B500B 50 mm from each pair of edges.
+/// Appends a section with one task and no case: a column of C30/37, 0.3 m by 0.5 m about the
+/// origin, with a 20 mm bar of B500B 50 mm from each pair of edges.
 inline Data::Velmo9::VelmoSection& AddColumn(Data::CVelmoData& document) {
   const Data::Materials& materials = *document.getMaterials();
   const int rebar = materials.Find(MatType::reinforcement, L"B500B");
-  Data::CSecComp concrete(
-      MatType::concrete, materials.Find(MatType::concrete, L"C30/37"),
-      Data::CSecGeom(Data::ShapeKind::rectangle, {.width = 0.3, .depth = 0.5}));
+  Data::CSecComp concrete(MatType::concrete, materials.Find(MatType::concrete, L"C30/37"),
+                          Data::CSecGeom(Data::ShapeKind::rectangle, {.width = 0.3, .depth = 0.5}));
   Data::Reinforcement reinforcement;
   for (const double y : {-0.1, 0.1}) {
     for (const double z : {-0.2, 0.2}) {

@@ -38,7 +38,8 @@ TEST(PreSolutionChecks, EveryProblemIsOneMessage) {
     Messages want;
   } kCases[] = {
       {"all well", [](CVelmoData&, auto&) {}, {}},
-      {"no type", [](CVelmoData&, auto& c) { c[2].SetMaterial(MatType::none, -1); },
+      {"no type",
+       [](CVelmoData&, auto& c) { c[2].SetMaterial(MatType::none, -1); },
        {"Component 3 has no material type."}},
       {"no types",
        [](CVelmoData&, auto& c) {
@@ -46,7 +47,8 @@ TEST(PreSolutionChecks, EveryProblemIsOneMessage) {
          c[3].SetMaterial(MatType::none, -1);
        },
        {"Components 2 and 4 have no material types."}},
-      {"no grade", [](CVelmoData&, auto& c) { c[0].SetMaterial(MatType::steel, 0); },
+      {"no grade",
+       [](CVelmoData&, auto& c) { c[0].SetMaterial(MatType::steel, 0); },
        {"Component 1 does not have a valid material grade."}},
       {"no grades",
        [](CVelmoData&, auto& c) {
@@ -58,9 +60,10 @@ TEST(PreSolutionChecks, EveryProblemIsOneMessage) {
          c[3].SetMaterial(MatType::FRP, d.getMaterials()->Add(Data::Design::CMat(MatType::FRP)));
        },
        {"Component 4 does not have valid material curves."}},
-      {"no polygons", [](CVelmoData&, auto& c) { c[0].SetGeometry(CSecGeom()); },
+      {"no polygons",
+       [](CVelmoData&, auto& c) { c[0].SetGeometry(CSecGeom()); },
        {"Component 1 is invalid."}},
-      {"one of each", 
+      {"one of each",
        [](CVelmoData&, auto& c) {
          c[0].SetMaterial(MatType::none, -1);
          c[1].SetMaterial(MatType::concrete, 99);
@@ -96,7 +99,8 @@ TEST(PreSolutionChecks, NumbersThatAreNotThere) {
       {-1, 0, {"0 is not a valid section number."}},
       {std::numeric_limits<int>::max(), 7, {"2147483648 is not a valid section number."}},
       {0, 0, noActive},
-      {0, 1,
+      {0,
+       1,
        {"Error from task 2: 2 is not a valid task number for Section 1.",
         "Error from task 2: There are no active components to solve"}},
   };

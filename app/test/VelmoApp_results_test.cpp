@@ -82,10 +82,16 @@ TEST_F(VelmoAppResults, AreNeverThoseOfAnEarlierModel) {
     void (*change)(VelmoApp&);
     int iCase;
   } kChanges[] = {
-      {"input", [](VelmoApp& a) { a.pData()->getSection(0).Task(0).SetCaseInput(0, {-3e6, 0, 0}); },
+      {"input",
+       [](VelmoApp& a) {
+         a.pData()->getSection(0).Task(0).SetCaseInput(0, {-3e6, 0, 0});
+       },
        0},
       {"case added",
-       [](VelmoApp& a) { a.pData()->getSection(0).Task(0).addCase({"", {-5e5, 0, 0}}); }, 3},
+       [](VelmoApp& a) {
+         a.pData()->getSection(0).Task(0).addCase({"", {-5e5, 0, 0}});
+       },
+       3},
       {"action",
        [](VelmoApp& a) {
          AnalysisTask& task = a.pData()->getSection(0).Task(0);
@@ -210,7 +216,9 @@ TEST_F(VelmoAppResults, AnExceptionLeavesNothingBehind) {
   auto broken = std::make_shared<TaskResults>();
   broken->stamp = ResultsStamp(*app.pData(), app.pData()->Section(0), 0);
   for (const TaskCase& c : Task().Cases()) {
-    broken->uls.push_back({.input = c.input, .carried = true});
+    UlsCaseSolution& solution = broken->uls.emplace_back();
+    solution.input = c.input;
+    solution.carried = true;
   }
   broken->ulsComponents = std::make_shared<DetailedIntegrationResult::ComponentMap>();
   Task().SetResults(broken);

@@ -82,10 +82,8 @@ TEST_F(VelmoAppFiles, ADocumentSavedElsewhereGetsANewIdentity) {
     const char* filePath;  // JSON; null: no such member
     bool keepsId;
   } kCases[] = {
-      {"no member", nullptr, true},
-      {"another path", "\"elsewhere.json\"", false},
-      {"empty", "\"\"", false},
-      {"a number", "5", false},
+      {"no member", nullptr, true}, {"another path", "\"elsewhere.json\"", false},
+      {"empty", "\"\"", false},     {"a number", "5", false},
       {"null", "null", false},
   };
   for (const auto& c : kCases) {
@@ -109,8 +107,14 @@ TEST_F(VelmoAppFiles, ADocumentSavedElsewhereGetsANewIdentity) {
 TEST_F(VelmoAppFiles, WhatIsNoJsonObjectIsRefusedAndChangesNothing) {
   const std::wstring before = app.fileString(true);
   const fs::path path = folder / "input";
-  const std::string contents[] = {"", "[1, 2]", "7", "{\"format\": ", "{} {}", "\xff\xfe garbage",
-                                  std::string("DOS\0file", 8), std::string(1000000, '[')};
+  const std::string contents[] = {"",
+                                  "[1, 2]",
+                                  "7",
+                                  "{\"format\": ",
+                                  "{} {}",
+                                  "\xff\xfe garbage",
+                                  std::string("DOS\0file", 8),
+                                  std::string(1000000, '[')};
   for (const std::string& content : contents) {
     SCOPED_TRACE(content.substr(0, 20));
     Write(path, content);

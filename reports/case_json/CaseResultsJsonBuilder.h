@@ -34,7 +34,8 @@ class CaseResultsJsonBuilder {
   void AddUlsResultsForce(Util::JsonValue& json, const Data::Velmo9::CaseULSDetails& details) const;
   void AddUlsResultsDeformation(Util::JsonValue& json,
                                 const Data::Velmo9::CaseULSDetails& details) const;
-  void AddNeutralAxisInfo(Util::JsonValue& json, const Data::Velmo9::Deformation& deformation) const;
+  void AddNeutralAxisInfo(Util::JsonValue& json,
+                          const Data::Velmo9::Deformation& deformation) const;
   void AddDeformation(Util::JsonValue& json, const char* key,
                       const Data::Velmo9::Deformation& deformation) const;
   void AddReductionFactor(Util::JsonValue& json, const Data::Velmo9::CaseULSDetails& details) const;

@@ -36,7 +36,9 @@ TEST(NeutralAxisCalculator, FindsTheLineOfZeroStrain) {
       {"no curvature", {0.001, 0.0, 0.0}, kNone, kNone},
       {"curvature at the tolerance counts", {1e-10, 1e-10, 0.0}, 0.0, -1.0},
       {"just below it does not", {1e-10, 0.99e-10, 0.0}, kNone, kNone},
-      {"each below it, the vector above", {1e-10, 0.8e-10, 0.8e-10}, kNone,
+      {"each below it, the vector above",
+       {1e-10, 0.8e-10, 0.8e-10},
+       kNone,
        -1e-10 / std::hypot(0.8e-10, 0.8e-10)},
   };
   for (const auto& c : kCases) {

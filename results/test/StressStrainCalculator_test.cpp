@@ -34,8 +34,8 @@ class StressStrainCalculatorTest : public testing::Test {
  protected:
   StressStrainCalculatorTest() {
     Materials& materials = *document.getMaterials();
-    const int concrete = materials.Add(Linear(CMat(MatType::concrete), L"test concrete",
-                                              kConcreteModulus));
+    const int concrete =
+        materials.Add(Linear(CMat(MatType::concrete), L"test concrete", kConcreteModulus));
     const int steel = materials.Add(Linear(CMat(MatType::steel), L"test steel", kSteelModulus));
     const int frp = materials.Add(Linear(CMat(MatType::FRP), L"test FRP", 100e9));
     rebar = materials.Add(Linear(CMatRebar(), L"test bar", kSteelModulus));

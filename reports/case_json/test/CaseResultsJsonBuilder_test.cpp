@@ -106,7 +106,10 @@ TEST(CaseResultsJsonBuilder, LoadDrivenCases) {
            loads + R"(, "status": false, "utilisation": null, "momentRatio": null)"},
           {"nothing applied", [](CaseULSDetails& d) { d.load = VelmoLoad(); },
            std::string(R"("load": )") + kZero + R"(, "utilisation": 0)"},
-          {"below the smallest load", [](CaseULSDetails& d) { d.load = VelmoLoad({0, 0, 9e-11}); },
+          {"below the smallest load",
+           [](CaseULSDetails& d) {
+             d.load = VelmoLoad({0, 0, 9e-11});
+           },
            R"("load": {"N": 0.0, "Myy": 0.0, "Mzz": 9e-11}, "utilisation": 0)"},
           {"at the smallest load",
            [](CaseULSDetails& d) {

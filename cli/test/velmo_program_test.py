@@ -1,0 +1,176 @@
+"""Runs the program velmo as its users do.
+
+usage: velmo_program_test.py PATH_OF_VELMO
+"""
+
+import json
+import os
+import shlex
+import subprocess
+import sys
+import tempfile
+import unittest
+
+VELMO = os.path.abspath(sys.argv.pop(1))
+
+
+class Velmo(unittest.TestCase):
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.folder = folder.name
+
+    def run_velmo(self, *arguments, exit_code=0):
+        done = subprocess.run([VELMO, *arguments], cwd=self.folder, capture_output=True, text=True,
+                              timeout=60)
+        self.assertEqual(done.returncode, exit_code, done.stdout + done.stderr)
+        if exit_code == 2:
+            self.assertEqual(done.stdout, "")
+            self.assertNotEqual(done.stderr, "")
+        self.assertNotIn("nan", (done.stdout + done.stderr).lower())
+        return done
+
+    def write(self, name, content):
+        with open(os.path.join(self.folder, name), "wb") as file:
+            file.write(content)
+
+    def change(self, name, edit):
+        with open(os.path.join(self.folder, name)) as file:
+            document = json.load(file)
+        edit(document)
+        self.write(name, json.dumps(document).encode())
+
+    def test_examples_of_the_help_work(self):
+        examples = 0
+        for command in [[], ["new"], ["show"], ["validate"], ["solve"]]:
+            for line in self.run_velmo(*command, "--help").stdout.splitlines():
+                words = shlex.split(line) if line.startswith("  velmo ") else []
+                if not words:
+                    continue
+                if words[1] == "new":
+                    words.append("--force")
+                self.run_velmo(*words[1:])
+                examples += 1
+        self.assertGreaterEqual(examples, 9)
+        with open(os.path.join(self.folder, "results.json")) as file:
+            self.assertEqual([r["iCase"] for r in json.load(file)["results"]], [0, 1, 3])
+
+    def test_every_template_is_carried_and_reads_back_clean(self):
+        for name in ["rectangle", "circle", "box", "beam"]:
+            self.run_velmo("new", name + ".json", "--template", name)
+            self.run_velmo("validate", name + ".json")
+            self.run_velmo("solve", name + ".json", "--strict")
+
+    def test_new_keeps_what_is_there(self):
+        self.write("a.json", b"mine")
+        self.assertIn("--force", self.run_velmo("new", "a.json", exit_code=2).stderr)
+        with open(os.path.join(self.folder, "a.json"), "rb") as file:
+            self.assertEqual(file.read(), b"mine")
+        self.run_velmo("new", "a.json", "--force")
+        self.run_velmo("validate", "a.json")
+        self.assertEqual(os.listdir(self.folder), ["a.json"])
+
+    def test_bad_usage(self):
+        self.run_velmo("new", "a.json", "--template", "rectangle")
+        for arguments, text in [
+                ([], "subcommand"),
+                (["paint"], ""),
+                (["solve"], "DOC"),
+                (["new", "b.json", "--template", "star"], "star"),
+                (["new", "b.json", "--code", "XY"], "EN 1992-1-1:2004"),
+                (["new", "b.json", "--annex", "XY"], "EN 1992-1-1:2004"),
+                (["new", "b.json", "--units", "force=stone"], "stone"),
+                (["new", "b.json", "--units", "kN"], "force=kN"),
+                (["new", "b.json", "--template", "box", "--concrete", "C1"], "C30/37"),
+                (["new", "no/b.json"], "no/b.json"),
+                (["solve", "a.json", "--cases", "1-9"], "1 to 4"),
+                (["solve", "a.json", "--cases", "1,x"], "1-20,25"),
+                (["solve", "a.json", "--section", "2"], "section 2"),
+                (["solve", "a.json", "--task", "0"], "task 0"),
+                (["solve", "a.json", "--json", "--details"], "--json"),
+                (["solve", "a.json", "-o", "."], "directory"),
+                (["solve", "a.json", "-o", "no/out.txt"], "no/out.txt")]:
+            with self.subTest(arguments):
+                self.assertIn(text, self.run_velmo(*arguments, exit_code=2).stderr)
+        self.assertEqual(os.listdir(self.folder), ["a.json"])
+
+    def test_files_that_are_no_documents(self):
+        self.write("empty.json", b"")
+        self.write("garbage.json", bytes(range(256)) * 40)
+        self.write("list.json", b"[1]")
+        self.write("broken.json", b'{\n  "format": "velmo document",\n  "sections": [}\n')
+        for name, text in [("missing.json", "No such file"), ("empty.json", "empty"),
+                           (".", "directory"), ("garbage.json", "no JSON document"),
+                           ("list.json", "no JSON document"), ("broken.json", "line 3, column 16")]:
+            for command in ["show", "validate", "solve"]:
+                with self.subTest(name + " " + command):
+                    self.assertIn(text, self.run_velmo(command, name, exit_code=2).stderr)
+
+    def test_problems_of_a_document_are_listed(self):
+        self.run_velmo("new", "a.json", "--template", "rectangle")
+        self.change("a.json", lambda d: d["sections"][0]["components"][0].update(grade="C1"))
+        lines = self.run_velmo("validate", "a.json", exit_code=1).stdout.splitlines()
+        self.assertEqual(len(lines), 1)
+        self.assertIn("sections[1].components[1].grade", lines[0])
+        self.assertIn("C1", lines[0])
+        done = self.run_velmo("solve", "a.json", "-o", "out.txt", exit_code=1)
+        self.assertIn("Component 1 does not have a valid material grade.", done.stderr)
+        self.assertFalse(os.path.exists(os.path.join(self.folder, "out.txt")))
+        self.assertEqual(self.run_velmo("solve", "a.json", "--json", exit_code=1).stdout, "[]\n")
+
+    def test_json_is_an_object_for_one_task_and_an_array_for_all(self):
+        self.run_velmo("new", "a.json", "--template", "rectangle")
+        self.change("a.json", lambda d: d["sections"].append(d["sections"][0]))
+        everything = json.loads(self.run_velmo("solve", "a.json", "--json").stdout)
+        self.assertEqual([o["iSec"] for o in everything], [0, 1])
+        one = ["solve", "a.json", "--json", "--section", "2", "--task", "1"]
+        self.assertEqual(json.loads(self.run_velmo(*one).stdout), everything[1])
+        cases = json.loads(self.run_velmo(*one, "--cases", "4,2").stdout)["results"]
+        self.assertEqual(cases, [everything[1]["results"][3], everything[1]["results"][1]])
+
+    def test_blocks_of_cases_make_one_object(self):
+        self.run_velmo("new", "a.json", "--template", "rectangle")
+        self.change("a.json", lambda d: d["sections"][0]["tasks"][0].update(
+            cases=[{"N": -1000.0 * (i + 1), "Myy": 0.0, "Mzz": 0.0} for i in range(5000)]))
+        results = json.loads(self.run_velmo("solve", "a.json", "--json").stdout)[0]["results"]
+        self.assertEqual([r["iCase"] for r in results], list(range(5000)))
+        lines = self.run_velmo("solve", "a.json").stdout.splitlines()
+        first = [line.split()[0] for line in lines if line[:6].strip().isdigit()][:40]
+        self.assertEqual(first, [str(5000 - i) for i in range(40)])  # the largest load is the worst
+        self.assertIn("40 shown", "\n".join(lines))
+        everything = self.run_velmo("solve", "a.json", "--all").stdout.splitlines()
+        self.assertGreater(len(everything), 5000)
+
+    def test_the_table_is_in_the_units_of_the_document(self):
+        self.run_velmo("new", "a.json", "--template", "rectangle", "--units", "force=MN,length=m")
+        table = self.run_velmo("solve", "a.json", "--cases", "1").stdout
+        self.assertIn("MN", table)
+        self.assertIn("-1.5 ", table)
+
+    def test_a_case_that_is_not_carried_is_a_result(self):
+        self.run_velmo("new", "a.json", "--template", "rectangle")
+        def overload(document):
+            document["sections"][0]["tasks"][0]["cases"][1]["N"] = -9e6
+        self.change("a.json", overload)
+        done = self.run_velmo("solve", "a.json")
+        self.assertIn("FAILS", done.stdout)
+        self.assertIn("3 carried, 1 not carried", done.stdout)
+        self.run_velmo("solve", "a.json", "--strict", exit_code=1)
+        self.assertIn("NOT carried", self.run_velmo("solve", "a.json", "--case", "2").stdout)
+
+    def test_a_task_that_asks_for_serviceability_says_what_is_missing(self):
+        self.run_velmo("new", "a.json", "--template", "beam")
+        self.change("a.json", lambda d: d["sections"][0]["tasks"][0].update(sls=True))
+        done = self.run_velmo("solve", "a.json")
+        self.assertIn("ULS only", done.stderr)
+        self.assertIn("2 carried", done.stdout)
+
+    def test_show_tells_what_is_there(self):
+        self.run_velmo("new", "a.json", "--template", "box", "--title", "Viaduct", "--annex", "UK")
+        shown = self.run_velmo("show", "a.json").stdout
+        for text in ["Viaduct", "EN 1992-1-1:2004", "C30/37", "B500B", "box", "2 waiting"]:
+            self.assertIn(text, shown)
+
+
+if __name__ == "__main__":
+    unittest.main()
