@@ -54,8 +54,8 @@ std::vector<UlSResult> CaseDocument::Solve(LoadAction action,
   task.SetAction(action);
   for (const Vec3<double>& input : inputs) task.addCase({"", input});
   section.Task(0) = task;
-  for (const std::string& problem : Data::Velmo9::SectionCompiler::Problems(
-           document_, section, 0, LoadState::ULS)) {
+  for (const std::string& problem :
+       Data::Velmo9::SectionCompiler::Problems(document_, section, 0, LoadState::ULS)) {
     throw std::runtime_error("the section cannot be solved: " + problem);
   }
   Solver::SolveTask(document_, section, 0);

@@ -50,9 +50,7 @@ FibreGrid::FibreGrid(const TestSection& section, int rows) : section_(section) {
 
 Vec3<double> FibreGrid::Force(const Vec3<double>& plane) const {
   Vec3<double> sum;
-  const auto add = [&](double force, double y, double z) {
-    sum += {force, force * z, -force * y};
-  };
+  const auto add = [&](double force, double y, double z) { sum += {force, force * z, -force * y}; };
   for (const Fibre& f : fibres_) {
     add(f.area * section_.concrete.stress(StrainAt(plane, f.y, f.z)), f.y, f.z);
   }
@@ -90,8 +88,7 @@ double FibreGrid::Gauge(const Vec3<double>& plane) const {
 }
 
 BruteFailure FindFailureByScan(const FibreGrid& coarse, const FibreGrid& fine,
-                               const Vec3<double>& fixed, const Vec3<double>& scaled,
-                               double size) {
+                               const Vec3<double>& fixed, const Vec3<double>& scaled, double size) {
   const auto scale = [size](const Vec3<double>& f) {
     return Vec3<double>{f.x, f.y / size, f.z / size};
   };
@@ -126,8 +123,8 @@ BruteFailure FindFailureByScan(const FibreGrid& coarse, const FibreGrid& fine,
   best = evaluate(fine, tilt, turn);
   for (double step = 1.0; step > 1e-9;) {
     bool moved = false;
-    for (const auto& [a, b] : {std::pair{1, 0}, {-1, 0}, {0, 1}, {0, -1},
-                               {1, 1}, {-1, -1}, {1, -1}, {-1, 1}}) {
+    for (const auto& [a, b] :
+         {std::pair{1, 0}, {-1, 0}, {0, 1}, {0, -1}, {1, 1}, {-1, -1}, {1, -1}, {-1, 1}}) {
       const double nextTilt = tilt + a * step * tiltStep;
       const double nextTurn = turn + b * step * turnStep;
       const BruteFailure next = evaluate(fine, nextTilt, nextTurn);

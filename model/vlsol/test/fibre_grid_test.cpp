@@ -103,9 +103,13 @@ TEST(FibreGrid, FindsTheSameBiaxialFailurePoints) {
   } kCases[] = {
       {"rectangle, C30, compression", shapes[0], C30(), {-1.2e6, 150e3, -80e3}},
       {"L, C90, bending in both axes", shapes[1], C90(), {-0.8e6, -350e3, 150e3}},
-      {"T, bilinear, pure biaxial bending", shapes[5], BilinearConcrete(20e6, 0.00175, 0.0035),
+      {"T, bilinear, pure biaxial bending",
+       shapes[5],
+       BilinearConcrete(20e6, 0.00175, 0.0035),
        {0, -120e3, 40e3}},
-      {"box, explicit points, tension", shapes[2], Explicit({{0.0005, 9e6}, {0.003, 19e6}}),
+      {"box, explicit points, tension",
+       shapes[2],
+       Explicit({{0.0005, 9e6}, {0.003, 19e6}}),
        {300e3, 90e3, 60e3}},
       {"triangle, C30, nearly centric", shapes[3], C30(), {-1.0e6, -15e3, 10e3}},
   };

@@ -48,9 +48,9 @@ struct Trial {
   UlsCaseSolution solution;
 };
 
-// Near pure compression and pure tension a load path may leave the strain domain, come back and leave
-// it again; then the failure point found depends on where the search begins. One of 40 000 such
-// trials met this; the seeds below do not.
+// Near pure compression and pure tension a load path may leave the strain domain, come back and
+// leave it again; then the failure point found depends on where the search begins. One of 40 000
+// such trials met this; the seeds below do not.
 //
 // Calls `check` for random sections under loads from far inside to far outside the capacity.
 void ForRandomTrials(unsigned seed, const std::function<void(const Trial&)>& check) {
@@ -203,15 +203,23 @@ std::vector<Change> Changes() {
          ForAllPoints(input, [](Vec2<double>& p) { p.x = -p.x; });
          return input;
        },
-       [](Vec3<double> f) -> Vec3<double> { return {f.x, f.y, -f.z}; },
-       [](Vec3<double> d) -> Vec3<double> { return {d.x, d.y, -d.z}; }},
+       [](Vec3<double> f) -> Vec3<double> {
+         return {f.x, f.y, -f.z};
+       },
+       [](Vec3<double> d) -> Vec3<double> {
+         return {d.x, d.y, -d.z};
+       }},
       {"turned by 90 degrees",
        [](Input input) {
          ForAllPoints(input, [](Vec2<double>& p) { p = {-p.y, p.x}; });
          return input;
        },
-       [](Vec3<double> f) -> Vec3<double> { return {f.x, -f.z, f.y}; },
-       [](Vec3<double> d) -> Vec3<double> { return {d.x, -d.z, d.y}; }},
+       [](Vec3<double> f) -> Vec3<double> {
+         return {f.x, -f.z, f.y};
+       },
+       [](Vec3<double> d) -> Vec3<double> {
+         return {d.x, -d.z, d.y};
+       }},
       {"vertices from another start, reversed",
        [](Input input) {
          ForAllRings(input, [](Ring& ring) {

@@ -57,9 +57,8 @@ TestCurve ParabolaRectangle(double f, double epsPeak, double epsLimit, double ex
 }
 
 TestCurve BilinearConcrete(double f, double epsPeak, double epsLimit) {
-  return Concrete(
-      {CSegment::Line(0, epsPeak, 0, f), CSegment::Constant(epsPeak, epsLimit, f)}, 0.0,
-      [=](double e) { return f * std::min(e / epsPeak, 1.0); });
+  return Concrete({CSegment::Line(0, epsPeak, 0, f), CSegment::Constant(epsPeak, epsLimit, f)}, 0.0,
+                  [=](double e) { return f * std::min(e / epsPeak, 1.0); });
 }
 
 TestCurve Block(double f, double from, double epsLimit) {
@@ -117,7 +116,9 @@ std::vector<Shape> Shapes(double b, double h) {
   const double t = 0.3 * b;
   const double s = 0.25 * h;
   const Ring rectangle{{-b / 2, -h / 2}, {b / 2, -h / 2}, {b / 2, h / 2}, {-b / 2, h / 2}};
-  const Ring core{{-b / 2 + t, -h / 2 + s}, {b / 2 - t, -h / 2 + s}, {b / 2 - t, h / 2 - s},
+  const Ring core{{-b / 2 + t, -h / 2 + s},
+                  {b / 2 - t, -h / 2 + s},
+                  {b / 2 - t, h / 2 - s},
                   {-b / 2 + t, h / 2 - s}};
   return {{"rectangle", rectangle, {}},
           {"L", {{0, 0}, {b, 0}, {b, s}, {t, s}, {t, h}, {0, h}}, {}},
@@ -125,8 +126,14 @@ std::vector<Shape> Shapes(double b, double h) {
           {"triangle", {{0, 0}, {b, 0.2 * h}, {0.3 * b, h}}, {}},
           {"circle", Polygon(40, b / 2, b / 2), {}},
           {"T",
-           {{-t / 2, 0}, {t / 2, 0}, {t / 2, h - s}, {b / 2, h - s}, {b / 2, h}, {-b / 2, h},
-            {-b / 2, h - s}, {-t / 2, h - s}},
+           {{-t / 2, 0},
+            {t / 2, 0},
+            {t / 2, h - s},
+            {b / 2, h - s},
+            {b / 2, h},
+            {-b / 2, h},
+            {-b / 2, h - s},
+            {-t / 2, h - s}},
            {}}};
 }
 
@@ -168,10 +175,18 @@ TestSection RandomSection(std::mt19937& random) {
   TestSection section;
   section.shape = Shapes(size * Uniform(random, 0.5, 1.0), size)[random() % 6];
   switch (random() % 4) {
-    case 0: section.concrete = C30(); break;
-    case 1: section.concrete = C90(); break;
-    case 2: section.concrete = BilinearConcrete(20e6, 0.00175, 0.0035); break;
-    default: section.concrete = ParabolaRectangle(15.6e6, 0.00116, 0.0035, 2.0, false); break;
+    case 0:
+      section.concrete = C30();
+      break;
+    case 1:
+      section.concrete = C90();
+      break;
+    case 2:
+      section.concrete = BilinearConcrete(20e6, 0.00175, 0.0035);
+      break;
+    default:
+      section.concrete = ParabolaRectangle(15.6e6, 0.00116, 0.0035, 2.0, false);
+      break;
   }
   section.steel = B500();
   const int bars = 3 + static_cast<int>(random() % 10);
@@ -205,9 +220,9 @@ Numeric::Resultant RandomLoad(std::mt19937& random, const Numeric::CompiledSecti
   const double axial = Uniform(random, -1.0, 0.5);
   const double angle = Uniform(random, 0.0, 2.0 * std::numbers::pi);
   const double moment = 0.3 * section.radius;
-  return section.LoadToOrigin(size * section.squash *
-                              Numeric::Resultant{axial, moment * std::cos(angle),
-                                                 moment * std::sin(angle)});
+  return section.LoadToOrigin(
+      size * section.squash *
+      Numeric::Resultant{axial, moment * std::cos(angle), moment * std::sin(angle)});
 }
 
 }  // namespace Orlix::VlSol::Test
