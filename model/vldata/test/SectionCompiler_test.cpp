@@ -26,32 +26,36 @@ CSecGeom SquareWithHole() {
 
 TEST(SectionCompiler, CurvesAreTensionPositiveAndSharedByGrade) {
   const CVelmoData document = BlockDocument({{0.0, 0.1}, {0.0, -0.1}});
-  const auto compiled = CompileUls(document);
-  ASSERT_TRUE(compiled);
-  ASSERT_EQ(compiled->section.curves.size(), 2U);
-  const struct {
-    MatType type;
-    int grade;
-    int curve;
-  } kCases[] = {
-      {MatType::concrete, document.Section(0).Components()[0].MaterialGrade(),
-       compiled->section.regions[0].curve},
-      {MatType::reinforcement, document.Section(0).Components()[0].Concrete().Bars()[0].Grade(),
-       compiled->section.points[0].curve},
-  };
-  EXPECT_EQ(compiled->section.points[0].curve, compiled->section.points[1].curve);
-  for (const auto& c : kCases) {
-    const auto& material = document.getMaterials()->Grade(c.type, c.grade).Curve(LoadState::ULS);
-    const auto& curve = compiled->section.curves[static_cast<std::size_t>(c.curve)];
-    EXPECT_EQ(curve.lower, -material.CompressionLimit());
-    EXPECT_EQ(curve.upper, material.TensionLimit());
-    for (const double strain : {-0.0034, -0.002, -0.0011, -1e-5, 1e-5, 0.0011, 0.003, 0.05}) {
-      const double stress = curve.exact[curve.exact.Locate(strain)].Stress(strain);
-      EXPECT_EQ(stress, -material.Stress(-strain)) << strain;
+  const CSecComp& block = document.Section(0).Components()[0];
+  for (const LoadState state : {LoadState::ULS, LoadState::SLS}) {
+    const auto compiled = SectionCompiler::Compile(document, document.Section(0), 0, state);
+    ASSERT_TRUE(compiled);
+    const Numeric::CompiledSection& section = compiled->section;
+    ASSERT_EQ(section.curves.size(), 2U);
+    EXPECT_EQ(section.points[0].curve, section.points[1].curve);
+    EXPECT_TRUE(compiled->components->at(0).barResultsValid);
+    const struct {
+      MatType type;
+      int grade;
+      int curve;
+    } kCases[] = {
+        {MatType::concrete, block.MaterialGrade(), section.regions[0].curve},
+        {MatType::reinforcement, block.Concrete().Bars()[0].Grade(), section.points[0].curve},
+    };
+    for (const auto& c : kCases) {
+      const auto& material = document.getMaterials()->Grade(c.type, c.grade).Curve(state);
+      const auto& curve = section.curves[static_cast<std::size_t>(c.curve)];
+      EXPECT_EQ(curve.lower, -material.CompressionLimit());
+      EXPECT_EQ(curve.upper, material.TensionLimit());
+      EXPECT_EQ(curve.uniformLimit, material.UniformCompressionLimit());
+      EXPECT_EQ(curve.lowerIsCap, material.IsLimitCap(LoadSign::compression));
+      EXPECT_EQ(curve.upperIsCap, material.IsLimitCap(LoadSign::tension));
+      for (const double strain : {-0.0034, -0.002, -0.0011, -1e-5, 1e-5, 0.0011, 0.003, 0.05}) {
+        const double stress = curve.exact[curve.exact.Locate(strain)].Stress(strain);
+        EXPECT_EQ(stress, -material.Stress(-strain)) << strain;
+      }
     }
   }
-  EXPECT_LT(compiled->section.curves[0].lower, 0.0);
-  EXPECT_TRUE(compiled->components->at(0).barResultsValid);
 }
 
 TEST(SectionCompiler, BarsDisplaceTheConcreteTheyReallySitIn) {

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <limits>
+#include <string>
 
 #include "model/vldata/records/CaseSLSDetails.h"
 #include "model/vldata/records/OutputOptions.h"
@@ -65,6 +67,24 @@ TEST(AnalysisTask, ACaseHasResultsWhileItsInputIsTheSolvedOne) {
   EXPECT_FALSE(task.IsCaseAnalysed(1));
   EXPECT_THROW(task.SetCaseInput(3, {}), std::out_of_range);
   EXPECT_THROW(task.SetCaseInput(-1, {}), std::out_of_range);
+}
+
+TEST(AnalysisTask, IsWrittenWithTheCasesAndNamesAskedFor) {
+  AnalysisTask task;
+  task.SetName("t");
+  task.SetIncludedComponents({0, 4});
+  task.addCase({"a", {1.0, 2.0, 3.0}});
+  task.addCase({"b", {4.0, 5.0, std::numeric_limits<double>::infinity()}});
+  Util::JsonDocument json;
+  const auto text = [&](bool cases, bool names, unsigned long long first) {
+    std::string pretty = Util::PrettyJson(task.toJson(json.GetAllocator(), cases, names, first));
+    std::erase_if(pretty, [](char c) { return c == ' ' || c == '\n'; });
+    return pretty;
+  };
+  const std::string head = R"("uls":true,"sls":false,"action":"load","components":[1,5])";
+  EXPECT_EQ(text(false, true, 0), R"({"name":"t",)" + head + "}");
+  EXPECT_EQ(text(true, false, 1), "{" + head + R"(,"cases":[{"N":4.0,"Myy":5.0,"Mzz":"-"}]})");
+  EXPECT_EQ(text(true, false, 7), "{" + head + R"(,"cases":[]})");
 }
 
 TEST(ResultsStamp, ChangesWithWhatDecidesTheResultsAndWithNothingElse) {
