@@ -9,6 +9,7 @@
 #include "app/AppMessages.h"
 #include "app/PreSolutionChecks.h"
 #include "app/model_indices.h"
+#include "app/unit_keys.h"
 #include "legacy/LegacyFileReader.h"
 #include "model/oxutil/JSONUtility.h"
 #include "model/oxutil/json.h"
@@ -102,20 +103,8 @@ void VelmoApp::SetUserDefinedGradesToSections(CVelmoData& document) {
 void VelmoApp::setTitles(const JsonValue& json) { document_.SetTitle(Data::CTitles(json)); }
 
 void VelmoApp::setUnits(const JsonValue& json) {
-  constexpr struct {
-    const char* key;
-    Dimension dimension;
-  } kUnits[] = {
-      {"force", Dimension::force},
-      {"length", Dimension::length},
-      {"sectionDims", Dimension::sectionDimensions},
-      {"stress", Dimension::stress},
-      {"mass", Dimension::mass},
-      {"strain", Dimension::strain},
-      {"temperature", Dimension::temperature},
-  };
   Data::CUnit units;
-  for (const auto& [key, dimension] : kUnits) {
+  for (const auto& [key, dimension] : kUnitKeys) {
     const JsonValue* unit = Util::FindMember(json, key);
     const JsonValue* label = unit == nullptr ? nullptr : Util::FindMember(*unit, "label");
     const bool found = label != nullptr && label->IsString();

@@ -6,6 +6,8 @@
 #include <ostream>
 #include <utility>
 
+#include "cli/printable.h"
+
 namespace Orlix::Cli {
 
 namespace {
@@ -17,9 +19,6 @@ std::size_t Width(const std::string& text) {
   }));
 }
 
-// Names come from documents: a line end or an escape would break the table or the terminal.
-bool IsControl(char c) { return static_cast<unsigned char>(c) < 0x20U || c == 0x7F; }
-
 }  // namespace
 
 void TextTable::AddColumn(std::string heading, std::string unit, Align align) {
@@ -28,7 +27,7 @@ void TextTable::AddColumn(std::string heading, std::string unit, Align align) {
 
 void TextTable::AddRow(std::vector<std::string> cells) {
   assert(cells.size() == columns_.size());
-  for (std::string& cell : cells) std::replace_if(cell.begin(), cell.end(), IsControl, ' ');
+  for (std::string& cell : cells) cell = Printable(std::move(cell));
   rows_.push_back(std::move(cells));
 }
 

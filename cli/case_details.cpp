@@ -1,6 +1,7 @@
 #include "cli/case_details.h"
 
 #include <array>
+#include <cmath>
 #include <cstddef>
 #include <ostream>
 #include <string>
@@ -8,6 +9,7 @@
 #include "cli/TextTable.h"
 #include "cli/UnitText.h"
 #include "cli/case_records.h"
+#include "cli/printable.h"
 #include "cli/solve_table.h"
 #include "model/oxutil/StringFrom.h"
 #include "model/oxutil/text.h"
@@ -43,7 +45,7 @@ class CasePrinter {
   void PrintHeading(const AnalysisTask& task, int iCase, const CaseULSDetails& record) const {
     const Data::Velmo9::UlSResult result = task.ULSResult(iCase, false);
     const std::string& name = task.Cases()[static_cast<std::size_t>(iCase)].name;
-    out_ << "Case " << iCase + 1 << (name.empty() ? "" : " \"" + name + "\"") << ": "
+    out_ << "Case " << iCase + 1 << (name.empty() ? "" : " \"" + Printable(name) + "\"") << ": "
          << (record.status ? "carried" : "NOT carried") << "\nUtilisation "
          << UtilisationText(GoverningUtilisation(result, task.Action())) << ", M/Mu "
          << UtilisationText(record.momentRatio);
@@ -57,9 +59,14 @@ class CasePrinter {
       out_ << "\nFailure is at a numerical cap on strain: no limit of a material governs";
     }
     const NeutralAxisData axis = NeutralAxisCalculator::ComputeNeutralAxisData(record.deformation);
-    out_ << "\nNeutral axis: angle " << AngleText(axis.angle) << "° from the y axis, offset "
-         << units_.Value(axis.offset, Dimension::sectionDimensions) << ' '
-         << units_.Unit(Dimension::sectionDimensions) << "\n\n";
+    out_ << "\nNeutral axis: ";
+    if (std::isfinite(axis.angle)) {
+      out_ << "angle " << AngleText(axis.angle) << "° from the y axis, offset "
+           << units_.Value(axis.offset, Dimension::sectionDimensions) << ' '
+           << units_.Unit(Dimension::sectionDimensions) << "\n\n";
+    } else {
+      out_ << "none\n\n";
+    }
   }
 
   void PrintLoads(const CaseULSDetails& record) const {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "app/VelmoApp.h"
+#include "app/unit_keys.h"
 #include "cli/commands.h"
 #include "cli/documents.h"
 #include "cli/templates.h"
@@ -63,22 +64,12 @@ void SetCode(VelmoApp& app, const Arguments& arguments) {
 }
 
 Dimension DimensionNamed(const std::string& name, const std::string& item) {
-  constexpr struct {
-    const char* name;
-    Dimension dimension;
-  } kNames[] = {{"force", Dimension::force},
-                {"length", Dimension::length},
-                {"sectionDims", Dimension::sectionDimensions},
-                {"stress", Dimension::stress},
-                {"mass", Dimension::mass},
-                {"strain", Dimension::strain},
-                {"temperature", Dimension::temperature}};
-  for (const auto& known : kNames) {
-    if (name == known.name) return known.dimension;
+  std::vector<std::string> known;
+  for (const auto& [key, dimension] : kUnitKeys) {
+    if (name == key) return dimension;
+    known.emplace_back(key);
   }
-  throw CommandError("--units " + item +
-                     ": give force, length, sectionDims, stress, mass, strain or temperature, "
-                     "as in force=kN");
+  throw CommandError("--units " + item + ": give one of " + Joined(known) + ", as in force=kN");
 }
 
 Data::CUnit UnitsFrom(const std::vector<std::string>& items) {

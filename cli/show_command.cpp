@@ -9,6 +9,7 @@
 #include "cli/commands.h"
 #include "cli/concrete_facts.h"
 #include "cli/documents.h"
+#include "cli/printable.h"
 #include "model/oxutil/StringFrom.h"
 #include "model/oxutil/text.h"
 
@@ -37,7 +38,7 @@ void PrintHeading(const CVelmoData& document) {
                  {"Job number", titles.jobNumber},
                  {"Initials", titles.initials}};
   for (const auto& title : kTitles) {
-    if (!title.text.empty()) std::cout << title.what << ": " << title.text << '\n';
+    if (!title.text.empty()) std::cout << title.what << ": " << Printable(title.text) << '\n';
   }
   const auto code = document.CodePointer();
   std::cout << "Code: " << code->name << " (" << code->annex << ")\n";
@@ -146,7 +147,7 @@ void PrintTasks(const VelmoSection& section) {
   int number = 0;
   for (const AnalysisTask& task : section.Tasks()) {
     std::cout << "Task " << ++number;
-    if (!task.Name().empty()) std::cout << " \"" << task.Name() << '"';
+    if (!task.Name().empty()) std::cout << " \"" << Printable(task.Name()) << '"';
     std::cout << ": " << (task.ComputesULS() ? "ULS" : "")
               << (task.ComputesULS() && task.ComputesSLS() ? " and " : "")
               << (task.ComputesSLS() ? "SLS" : "") << ", "
@@ -163,7 +164,7 @@ int Run(const std::string& path) {
   PrintMaterials(document);
   int number = 0;
   for (const VelmoSection& section : document.Sections()) {
-    std::cout << "\nSection " << ++number << " \"" << to_string(section.Name())
+    std::cout << "\nSection " << ++number << " \"" << Printable(to_string(section.Name()))
               << "\", reinforcement " << StringFrom(section.RebarPercentage())
               << " % of the gross concrete\n";
     if (!section.Components().empty()) PrintComponents(document, section);

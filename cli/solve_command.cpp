@@ -13,6 +13,7 @@
 #include "cli/commands.h"
 #include "cli/documents.h"
 #include "cli/number_list.h"
+#include "cli/printable.h"
 #include "cli/solve_json.h"
 #include "cli/solve_table.h"
 #include "model/oxutil/text.h"
@@ -100,7 +101,7 @@ void PrintTitle(const CVelmoData& document, const Job& job, std::ostream& out) {
   const VelmoSection& section = document.Section(job.iSec);
   const AnalysisTask& task = section.Task(job.iTask);
   const auto quoted = [](const std::string& name) {
-    return name.empty() ? std::string() : " \"" + name + "\"";
+    return name.empty() ? std::string() : " \"" + Printable(name) + "\"";
   };
   out << "Section " << job.iSec + 1 << quoted(to_string(section.Name())) << ", task "
       << job.iTask + 1 << quoted(task.Name()) << ": ULS under "

@@ -150,6 +150,11 @@ void PrintCaseTable(const VelmoApp& app, int iSec, int iTask, const std::vector<
   if (std::any_of(ranks.begin(), ranks.end(), [](const Rank& r) { return r.atCap; })) {
     out << "* failure at a numerical cap on strain: no limit of a material governs\n";
   }
+  if (std::any_of(ranks.begin(), ranks.end(),
+                  [](const Rank& r) { return r.carried && r.utilisation > 1.0; })) {
+    out << "A utilisation up to 1e-6 above 1 counts as carried: the capacity is found that "
+           "closely\n";
+  }
   out << "concrete: the most compressed point of the outlines; bar: the largest stress of a bar\n";
   PrintReadingRules(app, iSec, out);
 }
