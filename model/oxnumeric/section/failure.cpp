@@ -14,6 +14,9 @@ namespace {
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
 // A force below this part of the squash force is no capacity: plain concrete in tension or bending.
 constexpr double kNoCapacity = 1e-9;
+// Nor is one below this part of the force held: ten times the residual that an equilibrium may
+// have.
+constexpr double kNoCapacityBesideHeld = 1e-7;
 // Slack when a found factor is compared with the start's: the accuracy of both.
 constexpr double kLambdaSlack = 1e-9;
 // dlambda/dgauge may vanish on a plastic plateau; below this part of lambda it is an entry.
@@ -22,7 +25,12 @@ constexpr double kEntryRate = -1e-9;
 class FailureSearch {
  public:
   FailureSearch(const CompiledSection& section, const LoadPath& path, const PathPoint& start)
-      : section_(section), path_(path), start_(start), scale_(ScaledNorm(section, path.scaled)) {}
+      : section_(section),
+        path_(path),
+        start_(start),
+        scale_(ScaledNorm(section, path.scaled)),
+        leastCapacity_(std::max(kNoCapacity * section.squash,
+                                kNoCapacityBesideHeld * ScaledNorm(section, path.fixed))) {}
 
   FailurePoint Run() {
     if (!std::isfinite(start_.gauge) || !IsFinite(start_.plane)) return {};
@@ -43,7 +51,7 @@ class FailureSearch {
 
  private:
   FailurePoint Accept(const BoundaryPoint& p, bool isPeak = false) const {
-    const bool hasCapacity = p.lambda * scale_ >= kNoCapacity * section_.squash;
+    const bool hasCapacity = p.lambda * scale_ >= leastCapacity_;
     return {hasCapacity, p.lambda, p.plane, !isPeak && p.gauge.limitIsCap, isPeak};
   }
 
@@ -227,7 +235,7 @@ class FailureSearch {
     constexpr double kWidth = 1e-13;
     constexpr double kPolishWithin = 0.02;
     while (high.lambda - low.lambda > kWidth * high.lambda) {
-      if (high.lambda * scale_ < kNoCapacity * section_.squash) return {};
+      if (high.lambda * scale_ < leastCapacity_) return {};
       const PathPoint middle = At(0.5 * (low.lambda + high.lambda), low.plane);
       (middle.gauge > 1.0 ? high : low) = middle;
       if (std::abs(middle.gauge - 1.0) < kPolishWithin) {
@@ -251,6 +259,7 @@ class FailureSearch {
   const LoadPath& path_;
   const PathPoint& start_;
   double scale_;
+  double leastCapacity_;  // [N], scaled norm
 };
 
 }  // namespace
