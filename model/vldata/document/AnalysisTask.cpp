@@ -54,6 +54,7 @@ bool AnalysisTask::IsCaseAnalysed(int iCase) const {
 }
 
 UlSResult AnalysisTask::ULSResult(int iCase, bool withDetails) const {
+  if (!computesUls_) return UlSResult::NotAskedFor();
   if (!IsCaseAnalysed(iCase)) return {};
   return {results_->uls[static_cast<std::size_t>(iCase)],
           withDetails ? results_->ulsComponents : nullptr};

@@ -80,7 +80,8 @@ class AnalysisTask : public BaseEntity {
   /// now. Changes of the section, the materials or the code drop the results
   /// (`DropOutdatedResults`).
   bool IsCaseAnalysed(int iCase) const;
-  /// The ULS result of a case; failed and zero when the case is not analysed.
+  /// The ULS result of a case: failed, without any capacity, when the case is not analysed; not
+  /// failed and zero when the task does not compute ULS.
   /// @param withDetails  false: the response comes without component details
   UlSResult ULSResult(int iCase, bool withDetails) const;
 

@@ -1,8 +1,20 @@
 #include "model/vldata/document/UlSResult.h"
 
+#include <limits>
 #include <utility>
 
 namespace Orlix::Data::Velmo9 {
+
+UlSResult::UlSResult() {
+  solution_.loadUtilisation = solution_.deformationUtilisation = solution_.momentRatio =
+      std::numeric_limits<double>::infinity();
+}
+
+UlSResult UlSResult::NotAskedFor() {
+  UlsCaseSolution nothing;
+  nothing.carried = true;
+  return {nothing, nullptr};
+}
 
 UlSResult::UlSResult(const UlsCaseSolution& solution,
                      std::shared_ptr<const DetailedIntegrationResult::ComponentMap> components)

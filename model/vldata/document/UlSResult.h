@@ -29,8 +29,10 @@ struct UlsCaseSolution {
 /// Result of one ultimate limit state case.
 class UlSResult {
  public:
-  /// A case that was never solved: failed, everything zero.
-  UlSResult() = default;
+  /// A case that was never solved: failed, utilisations infinite, everything else zero.
+  UlSResult();
+  /// A case of a task that does not compute ULS: not failed, everything zero.
+  static UlSResult NotAskedFor();
   /// @param components  component details of the task, for the response
   UlSResult(const UlsCaseSolution& solution,
             std::shared_ptr<const DetailedIntegrationResult::ComponentMap> components);

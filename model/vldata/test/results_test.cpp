@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <functional>
 #include <limits>
 #include <string>
@@ -53,13 +54,18 @@ TEST(AnalysisTask, ACaseHasResultsWhileItsInputIsTheSolvedOne) {
   EXPECT_EQ(result.Response().Deformation(), result.Deformation());
   EXPECT_TRUE(result.Response().Components().contains(0));
   EXPECT_TRUE(task.ULSResult(1, false).Response().Components().empty());
-  EXPECT_TRUE(task.ULSResult(2, true).IsFail());
+  const UlSResult unsolved = task.ULSResult(2, true);
+  EXPECT_TRUE(unsolved.IsFail());
+  EXPECT_TRUE(std::isinf(unsolved.LoadUtilisation()));
 
   task.SetCaseInput(0, {1.0, 2.0, 3.5});
   EXPECT_FALSE(task.IsCaseAnalysed(0));
   EXPECT_TRUE(task.IsCaseAnalysed(1));
   task.SetCaseInput(0, {1.0, 2.0, 3.0});
   EXPECT_TRUE(task.IsCaseAnalysed(0));
+  task.SetLimitStates(false, true);
+  EXPECT_FALSE(task.ULSResult(0, true).IsFail());  // not asked for is not failed
+  task.SetLimitStates(true, false);
   task.SetAction(LoadAction::deformation);
   EXPECT_FALSE(task.IsCaseAnalysed(1));
   task.SetAction(LoadAction::load);
