@@ -68,20 +68,18 @@ Util::JsonValue ShapeToJson(const CurveShape& shape, Util::JsonAllocator& alloca
   return json;
 }
 
-// What the kind does not read is taken from the standard shape of the same kind, so that a
-// standard curve written out in full is still recognised as such.
 CurveShape ShapeFromJson(const Util::JsonValue& json, const JsonPath& path,
-                         const CurveShape& standard, ProblemList& problems) {
+                         const CurveShape& fallback, ProblemList& problems) {
   ObjectReader reader(json, path, problems);
   const auto kind = reader.Choice<CurveKind>("curve", kCurveNames);
   if (!kind) {
     if (json.IsObject() && reader.Find("curve") == nullptr) {
       reader.Report("curve", "the name of a curve");
     }
-    return standard;
+    return fallback;
   }
   const CurveShape defaults;
-  CurveShape shape = *kind == standard.kind ? standard : defaults;
+  CurveShape shape;
   shape.kind = *kind;
   for (const ShapeMember& m : kShapeMembers) {
     if (!m.isReadBy(*kind)) continue;

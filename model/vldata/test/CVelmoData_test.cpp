@@ -65,6 +65,8 @@ TEST(CVelmoData, ANewCodeTakesItsStandardGradesAlongAndLeavesEditedOnes) {
   EXPECT_EQ(document.concreteCode().Data().country, Design::CCountry::Code::unitedKingdom);
   EXPECT_EQ(document.getMaterials()->Grade(MatType::concrete, 0), before);
   EXPECT_EQ(Concrete(document, L"C30/37").Properties().alpha, 0.85);
+  document.SetCodes(ParseText(R"({"concrete": "EN 1992-1-1:2004"})"));  // the annex stays
+  EXPECT_EQ(Concrete(document, L"C30/37").Properties().alpha, 0.85);
   document.SetCodes(L"EN 1992-1-1:2004");  // the name alone: the annex listed first
   EXPECT_EQ(Concrete(document, L"C30/37").Properties().alpha, 1.0);
 }

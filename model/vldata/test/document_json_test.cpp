@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <numbers>
 #include <random>
 #include <string>
 
@@ -111,6 +112,9 @@ TEST(Document, WhatIsWrittenReadsBackToTheSameText) {
   EXPECT_EQ(ProblemText(again), "");
   EXPECT_EQ(WriteDocument(again), written);
   EXPECT_EQ(*again.getMaterials(), *document.getMaterials());
+  const auto& bars = document.Section(0).Components()[0].Concrete().Bars();
+  EXPECT_DOUBLE_EQ(bars[0].Area(), 1e-4 * std::numbers::pi);  // 20 mm
+  EXPECT_EQ(bars[2].Area(), 3e-4);
   // A member that the reader skipped would be missing from both texts.
   for (const char* part : {
            "31000001.0",
@@ -228,10 +232,11 @@ TEST(Document, SaysWhatItCouldNotTakeOver) {
       {R"("sections": [{"components": [{"geometry": {"shape": "polygon", "polygons": [{"outline": [[0]]}]}}]}])",
        "sections[1].components[1].geometry.polygons[1].outline[1]: an array of 1, an array of two "
        "numbers\n"},
-      {R"("sections": [{"components": [{}], "tasks": [{"components": [1, 1, 2, 1.5]}]}])",
+      {R"("sections": [{"components": [{}], "tasks": [{"components": [1, 1, 2, 1.5, 0]}]}])",
        "sections[1].tasks[1].components[2]: 1, the number of a component, 1 to 1, once each\n"
        "sections[1].tasks[1].components[3]: 2, the number of a component, 1 to 1, once each\n"
-       "sections[1].tasks[1].components[4]: 1.5, the number of a component, 1 to 1, once each\n"},
+       "sections[1].tasks[1].components[4]: 1.5, the number of a component, 1 to 1, once each\n"
+       "sections[1].tasks[1].components[5]: 0, the number of a component, 1 to 1, once each\n"},
       {R"("sections": [{"tasks": [{"action": "deformation", "cases": [{"N": 1}]}]}])",
        "sections[1].tasks[1].cases[1].N: 1, no member of this name\n"},
   };

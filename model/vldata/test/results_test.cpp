@@ -137,11 +137,18 @@ TEST(ResultsStamp, ChangesWithWhatDecidesTheResultsAndWithNothingElse) {
        },
        false},
       {"negative zero",
-       [](CVelmoData&, VelmoSection& s) {
-         const CSecGeom g = s.Components()[0].Geometry();
-         s.Components()[0].SetGeometry(CSecGeom(g.Kind(), g.Dimensions(), {-0.0, 0.0}, -0.0));
+       [&](CVelmoData&, VelmoSection& s) {
+         firstBar(s, [](CBar b) {
+           b.SetPreload({PreloadKind::strain, -0.0});
+           return b;
+         });
        },
        false},
+      {"the place of a bar",
+       [&](CVelmoData&, VelmoSection& s) {
+         firstBar(s, [](const CBar& b) { return CBar({0.1, 0.21}, 0.02, b.Area(), b.Grade()); });
+       },
+       true},
       {"a vertex",
        [](CVelmoData&, VelmoSection& s) {
          const CSecGeom g = s.Components()[0].Geometry();
