@@ -1,13 +1,16 @@
 #include "model/vlsol/test/worked_example.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
+#include <cstring>
 #include <limits>
 #include <numbers>
 #include <stdexcept>
+#include <utility>
 
-#include "model/oxnumeric/area_moments.h"
 #include "model/oxutil/json.h"
+#include "model/vlsol/test/example_geometry.h"
 
 namespace Orlix::VlSol::Test {
 
@@ -19,9 +22,6 @@ using Util::JsonValue;
 
 namespace {
 
-// Sides of a circle. Closed forms are compared to 1e-6; with so many sides and the area of the
-// circle the polygon's integrals differ from the circle's by a few 1e-7.
-constexpr int kCircleSides = 4096;
 constexpr double kInch = 0.0254;
 constexpr double kKip = 4448.2216152605;
 
@@ -35,66 +35,6 @@ ExampleUnits UnitsOf(const JsonValue& json) {
 double Number(const JsonValue& json, const char* name, double otherwise) {
   const JsonValue* value = Util::FindMember(json, name);
   return value == nullptr ? otherwise : value->GetDouble();
-}
-
-std::vector<Vec2<double>> ReadRing(const JsonValue& json, double unit) {
-  std::vector<Vec2<double>> ring;
-  for (const JsonValue& p : json.GetArray()) {
-    ring.push_back({unit * p[0].GetDouble(), unit * p[1].GetDouble()});
-  }
-  return ring;
-}
-
-std::vector<Vec2<double>> CircleOfEqualArea(Vec2<double> centre, double radius) {
-  const double turn = 2.0 * std::numbers::pi / kCircleSides;
-  const double corner = radius * std::sqrt(turn / std::sin(turn));
-  std::vector<Vec2<double>> ring;
-  for (int i = 0; i < kCircleSides; ++i) {
-    ring.push_back(centre + Vec2<double>{corner * std::cos(i * turn), corner * std::sin(i * turn)});
-  }
-  return ring;
-}
-
-std::vector<Data::SectionPolygon> ReadPolygons(const JsonValue& geometry, double unit) {
-  std::vector<Data::SectionPolygon> polygons;
-  for (const JsonValue& part : geometry["concrete"].GetArray()) {
-    Data::SectionPolygon polygon;
-    if (const JsonValue* circle = Util::FindMember(part, "circle")) {
-      const auto at = [&](unsigned i) { return unit * (*circle)[i].GetDouble(); };
-      polygon.outline = CircleOfEqualArea({at(0), at(1)}, at(2));
-    } else {
-      polygon.outline = ReadRing(part["polygon"], unit);
-    }
-    if (const JsonValue* holes = Util::FindMember(part, "holes")) {
-      for (const JsonValue& hole : holes->GetArray()) {
-        polygon.holes.push_back(ReadRing(hole, unit));
-      }
-    }
-    polygons.push_back(std::move(polygon));
-  }
-  return polygons;
-}
-
-// The point that moments are about: the example's own, else the centroid of the outlines without
-// their holes.
-Vec2<double> ReferencePoint(const JsonValue& geometry,
-                            const std::vector<Data::SectionPolygon>& polygons, double unit) {
-  if (const JsonValue* ref = Util::FindMember(geometry, "ref")) {
-    return {unit * (*ref)[0].GetDouble(), unit * (*ref)[1].GetDouble()};
-  }
-  Numeric::AreaMoments sum;
-  const auto add = [&sum](const std::vector<Vec2<double>>& ring, double sign) {
-    const Numeric::AreaMoments m = Numeric::MomentsOf(ring);
-    const double weight = m.area < 0.0 ? -sign : sign;
-    sum.area += weight * m.area;
-    sum.sy += weight * m.sy;
-    sum.sz += weight * m.sz;
-  };
-  for (const Data::SectionPolygon& polygon : polygons) {
-    add(polygon.outline, 1.0);
-    for (const auto& hole : polygon.holes) add(hole, -1.0);
-  }
-  return {sum.sy / sum.area, sum.sz / sum.area};
 }
 
 }  // namespace
@@ -262,8 +202,11 @@ WorkedExample::State WorkedExample::LargestMy() {
   while (high - low > 1e-6) {
     const double left = high - golden * (high - low);
     const double right = low + golden * (high - low);
-    (at(left).load.z > at(right).load.z ? high : low) =
-        at(left).load.z > at(right).load.z ? right : left;
+    if (at(left).load.z > at(right).load.z) {
+      high = right;
+    } else {
+      low = left;
+    }
   }
   return at(0.5 * (low + high));
 }
@@ -299,7 +242,9 @@ double WorkedExample::Quantity(const std::string& name, const State& state) cons
     return largest;
   }
   if (name.starts_with("sigma_s[")) {
-    const Bar& bar = bars_.at(std::stoul(name.substr(8)));
+    std::size_t index = bars_.size();
+    std::from_chars(name.data() + std::strlen("sigma_s["), name.data() + name.size(), index);
+    const Bar& bar = bars_.at(index);
     return stress(MatType::reinforcement, bar.grade, StrainAt(plane, bar.position) + bar.prestrain);
   }
   throw std::runtime_error("unknown quantity " + name);
