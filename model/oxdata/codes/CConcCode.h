@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,7 +11,7 @@
 namespace Orlix::Data::Design {
 
 /// Design codes known; further codes get further numbers.
-enum class ConcCode : int { en1992_2004 = 1 };
+enum class ConcCode : int { en1992_2004 = 1, aci318_2019 = 2 };
 
 /// Country whose national choices apply.
 struct CCountry {
@@ -25,6 +26,18 @@ struct CodeConstant {
   bool certain{true};  ///< false: still to be compared with the clause, and listed as such
 };
 
+/// Strength reduction by net tensile strain, as ACI 318 has it: plain numbers of the code.
+struct StrengthReductionRule {
+  double phiTied{};           ///< compression-controlled, ties
+  double phiSpiral{};         ///< compression-controlled, spirals
+  double phiTension{};        ///< tension-controlled
+  double strainMargin{};      ///< tension-controlled from the yield strain of the bars plus this on
+  double prestressedYield{};  ///< yield strain that counts for prestressed bars
+  double capTied{};           ///< largest axial force over P_o, ties
+  double capSpiral{};         ///< largest axial force over P_o, spirals
+  double concreteFactor{};    ///< of f'c in P_o
+};
+
 /// What a design code consists of: plain data, made by the code's own folder.
 struct CConcCodeData {
   ConcCode code{ConcCode::en1992_2004};
@@ -34,8 +47,9 @@ struct CConcCodeData {
   std::vector<CodeConstant> constants;    ///< national and general parameters
   std::vector<CMat> concretes;            ///< standard grades, design values included
   std::vector<CMatRebar> reinforcements;  ///< standard grades, prestressing steel after the bars
-  bool strengthReduction{};  ///< strength-reduction (phi) factors instead of partial factors
-  bool crackWidths{};        ///< crack widths are computed
+  /// Strength-reduction (phi) factors instead of partial factors; nothing: partial factors.
+  std::optional<StrengthReductionRule> strengthReduction;
+  bool crackWidths{};  ///< crack widths are computed
 };
 
 /// A design code with a country's national choices; cheap to copy.
@@ -47,7 +61,7 @@ class CConcCode {
 
   const CConcCodeData& Data() const { return *data_; }
   std::shared_ptr<const CConcCodeData> DataPointer() const { return data_; }
-  bool IsStrengthReduction() const { return data_->strengthReduction; }
+  bool IsStrengthReduction() const { return data_->strengthReduction.has_value(); }
   bool IsCrackWidthCode() const { return data_->crackWidths; }
 
  private:

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
 #include <utility>
@@ -12,6 +13,7 @@
 #include "model/oxutil/BaseEntity.h"
 #include "model/oxutil/Enumerations.h"
 #include "model/oxutil/json_fwd.h"
+#include "model/vldata/document/SLSResult.h"
 #include "model/vldata/document/UlSResult.h"
 
 namespace Orlix::Data::Velmo9 {
@@ -27,12 +29,41 @@ struct ComponentPreload {
   bool barsExcluded{};  ///< the bars were added later: they do not take the locked-in strain
 };
 
+/// How long the loads of a task act; decides the concrete's effective modulus and the tension
+/// between cracks.
+enum class LoadTerm { shortTerm, longTerm, intermediate };
+
+/// Creep settings of a task's serviceability cases.
+struct CreepSettings {
+  LoadTerm term{LoadTerm::shortTerm};
+  double creepCoefficient{};  ///< phi of the long-term loads
+  double longTermShare{1.0};  ///< M_long / M_total, read when the term is intermediate; 0 to 1
+
+  /// Part of the load that acts long: 0 short term, 1 long term, the share between.
+  double LongShare() const;
+  /// phi times that part: the concrete's modulus is E / (1 + this).
+  double EffectiveCreep() const { return creepCoefficient * LongShare(); }
+  friend bool operator==(const CreepSettings&, const CreepSettings&) = default;
+};
+
+/// A task's own strength-reduction factors and the net tensile strains between which phi rises.
+struct CustomPhi {
+  double compressionStrain{};  ///< at and below it phi is phiCompression
+  double tensionStrain{};      ///< at and above it phi is phiTension
+  double phiCompression{};
+  double phiTension{};
+  friend bool operator==(const CustomPhi&, const CustomPhi&) = default;
+};
+
 /// What a solver run leaves in a task; immutable and shared by the copies of the task.
 struct TaskResults {
   std::uint64_t stamp{};  ///< of all that the run read besides the cases
   LoadAction action{LoadAction::load};
   std::vector<UlsCaseSolution> uls;  ///< by case; empty when the task does not compute ULS
+  std::vector<SlsCaseSolution> sls;  ///< by case; empty when the task does not compute SLS
   std::shared_ptr<const DetailedIntegrationResult::ComponentMap> ulsComponents;
+  std::shared_ptr<const DetailedIntegrationResult::ComponentMap> uncrackedComponents;
+  std::shared_ptr<const DetailedIntegrationResult::ComponentMap> crackedComponents;
 };
 
 /// An analysis task of a section: cases, settings and, once solved, results.
@@ -57,6 +88,12 @@ class AnalysisTask : public BaseEntity {
   void SetIncludedComponents(std::set<int> components);
   void IncludeAllComponents();
   bool IncludesAllComponents() const { return includesAll_; }
+
+  const CreepSettings& Creep() const { return creep_; }
+  void SetCreep(const CreepSettings& creep) { creep_ = creep; }
+  /// The task's own phi factors; nothing: the code's.
+  const std::optional<CustomPhi>& PhiFactors() const { return phi_; }
+  void SetPhiFactors(std::optional<CustomPhi> phi) { phi_ = phi; }
 
   /// Components that take a locked-in strain plane, by index.
   const std::map<int, ComponentPreload>& ComponentPreloads() const { return preloads_; }
@@ -85,6 +122,14 @@ class AnalysisTask : public BaseEntity {
   /// @param withDetails  false: the response comes without component details
   UlSResult ULSResult(int iCase, bool withDetails) const;
 
+  /// The SLS result of a case: failed when the case is not analysed; not failed and zero when the
+  /// task does not compute SLS.
+  /// @param withCrackWidth  asks for the crack width; no code computes one yet
+  /// @param withCracked     false: the cracked part of the response is a copy of the uncracked one
+  /// @param withDetails     false: the responses come without component details
+  Velmo9::SLSResult SLSResult(int iCase, bool withCrackWidth, bool withCracked,
+                              bool withDetails) const;
+
   /// The task as it stands in a document.
   /// @param withCases      writes the cases
   /// @param withNames      writes the names of the task and its cases
@@ -97,6 +142,8 @@ class AnalysisTask : public BaseEntity {
   bool computesUls_{true};
   bool computesSls_{false};
   LoadAction action_{LoadAction::load};
+  CreepSettings creep_;
+  std::optional<CustomPhi> phi_;
   bool includesAll_{true};
   std::set<int> included_;
   std::map<int, ComponentPreload> preloads_;

@@ -2,6 +2,7 @@
 
 #include <map>
 #include <memory>
+#include <vector>
 
 #include "model/oxdata/materials/CMatCurveParam.h"
 #include "model/vldata/records/Deformation.h"
@@ -13,11 +14,27 @@ namespace Orlix::Data::Velmo9 {
 /// anywhere in it.
 class DetailedIntegrationResult {
  public:
+  /// What decides whether a concrete component cracks.
+  struct Cracking {
+    /// A bar: its level and area weigh in the tension level of BS 8110-2.
+    struct Bar {
+      Vec2<double> position;
+      double area{};
+    };
+    std::vector<Vec2<double>> vertices;  ///< of the outlines (y, z) [m]
+    double f_ct{};                       ///< tensile strength [Pa]
+    double modulus{};                    ///< effective modulus of the uncracked concrete [Pa]
+    bool bs8110{};                       ///< model 20: the steel level decides, not the outline
+    double steelLevelStress{};           ///< model 20: tension at the steel's centroid [Pa]
+    std::vector<Bar> bars;               ///< model 20: bars of the component
+  };
+
   /// What a component brings to the integration.
   struct ComponentDetails {
-    Design::CMatCurveParam curve;  ///< the material's curve for the load state
-    Velmo9::Deformation lockedIn;  ///< strain plane locked in from an earlier stage
-    bool barResultsValid{};        ///< whether bar strains and stresses can be given
+    Design::CMatCurveParam curve;              ///< the material's curve for the load state
+    Velmo9::Deformation lockedIn;              ///< strain plane locked in from an earlier stage
+    bool barResultsValid{};                    ///< whether bar strains and stresses can be given
+    std::shared_ptr<const Cracking> cracking;  ///< of a concrete component at SLS; null elsewhere
   };
   using ComponentMap = std::map<int, ComponentDetails>;
 

@@ -1,15 +1,19 @@
 #pragma once
 
+#include <limits>
+
 #include "model/vldata/records/Deformation.h"
 #include "model/vldata/records/DetailedIntegrationResult.h"
 
 namespace Orlix::Data::Velmo9 {
 
-/// Serviceability response to a load: both states and the factor between them.
+/// Serviceability response to a load or a deformation: both states and the factor between them.
 struct SlsResponse {
   DetailedIntegrationResult uncracked;
   DetailedIntegrationResult cracked;
-  double zeta{};  ///< 0 uncracked, 1 cracked
+  /// 0 uncracked to 1 cracked; +infinity where the model does not interpolate, NaN where the factor
+  /// is not known yet and follows from the cracking utilisation.
+  double zeta{std::numeric_limits<double>::quiet_NaN()};
 };
 
 /// The three deformations of a serviceability response.

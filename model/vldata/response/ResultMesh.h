@@ -7,11 +7,12 @@
 
 namespace Orlix::Data::Velmo9 {
 
-/// Integrates a section for a load or a deformation: one task, one load state.
+/// Integrates a section for a load or a deformation: one task, one state.
 class ResultMesh {
  public:
   /// @throws std::invalid_argument when the task cannot be compiled (`SectionCompiler::Problems`).
-  ResultMesh(const CVelmoData& document, const VelmoSection& section, int iTask, LoadState state);
+  ResultMesh(const CVelmoData& document, const VelmoSection& section, int iTask,
+             SectionState state);
 
   /// The deformation in equilibrium with a load, and its integration. Where there is no equilibrium
   /// within the strain limits the deformation continues beyond them.

@@ -11,7 +11,16 @@
 
 namespace Orlix::Data::Velmo9 {
 
-/// A section with the materials of a task and a load state, ready for the numeric kernel.
+/// Which curves a section is compiled with: those of the ultimate limit state, or of the
+/// serviceability limit state with concrete that carries tension as its model says before cracking
+/// or after. The states differ for the models 20 and 22 alone.
+enum class SectionState { ultimate, uncracked, cracked };
+
+inline LoadState LoadStateOf(SectionState state) {
+  return state == SectionState::ultimate ? LoadState::ULS : LoadState::SLS;
+}
+
+/// A section with the materials of a task and a state, ready for the numeric kernel.
 struct CompiledTask {
   Numeric::CompiledSection section;
   std::shared_ptr<const DetailedIntegrationResult::ComponentMap> components;
@@ -24,7 +33,7 @@ class SectionCompiler {
   /// @return the compiled section; nothing when the task cannot be compiled, see `Problems`
   static std::shared_ptr<const CompiledTask> Compile(const CVelmoData& document,
                                                      const VelmoSection& section, int iTask,
-                                                     LoadState state);
+                                                     SectionState state);
   /// What keeps a task from being compiled, one message line each; empty: nothing.
   static std::vector<std::string> Problems(const CVelmoData& document, const VelmoSection& section,
                                            int iTask, LoadState state);
