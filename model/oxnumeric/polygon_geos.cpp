@@ -1,5 +1,3 @@
-#include "model/oxnumeric/polygon_validity.h"
-
 #include <geos_c.h>
 
 #include <algorithm>
@@ -8,8 +6,13 @@
 #include <memory>
 #include <optional>
 #include <stdexcept>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "model/oxnumeric/polygon.h"
+#include "model/oxnumeric/polygon_overlay.h"
+#include "model/oxnumeric/polygon_validity.h"
 
 namespace Orlix::Numeric {
 namespace {
@@ -75,6 +78,55 @@ class Geos {
     Checked(GEOSGeomGetY_r(context_, point, &place.y));
     return place;
   }
+  Geometry Snapped(const GEOSGeometry* geometry, const GEOSGeometry* to, double tolerance) const {
+    return Own(GEOSSnap_r(context_, geometry, to, tolerance));
+  }
+  bool IsValid(const Geometry& geometry) const {
+    return Checked(GEOSisValid_r(context_, geometry.get()), 2) == 1;
+  }
+  double AreaOf(const GEOSGeometry* geometry) const {
+    double area = 0.0;
+    Checked(GEOSArea_r(context_, geometry, &area), 0);
+    return area;
+  }
+  /// The vertices of a ring, the first not repeated at the end.
+  std::vector<Vec2<double>> VerticesOf(const GEOSGeometry* ring, bool anticlockwise) const {
+    const GEOSCoordSequence* points = GEOSGeom_getCoordSeq_r(context_, ring);
+    if (points == nullptr) Fail();
+    unsigned count = 0;
+    Checked(GEOSCoordSeq_getSize_r(context_, points, &count), 0);
+    std::vector<Vec2<double>> vertices(count);
+    for (unsigned i = 0; i < count; ++i) {
+      Checked(GEOSCoordSeq_getXY_r(context_, points, i, &vertices[i].x, &vertices[i].y), 0);
+    }
+    if (!vertices.empty()) vertices.pop_back();
+    if ((SignedArea(vertices) > 0.0) != anticlockwise) std::ranges::reverse(vertices);
+    return vertices;
+  }
+  OwnedPolygon PolygonOf(const GEOSGeometry* polygon) const {
+    OwnedPolygon owned;
+    const GEOSGeometry* outline = GEOSGetExteriorRing_r(context_, polygon);
+    if (outline == nullptr) Fail();
+    owned.outline = VerticesOf(outline, true);
+    const int holes = Checked(GEOSGetNumInteriorRings_r(context_, polygon));
+    for (int i = 0; i < holes; ++i) {
+      const GEOSGeometry* hole = GEOSGetInteriorRingN_r(context_, polygon, i);
+      if (hole == nullptr) Fail();
+      owned.holes.push_back(VerticesOf(hole, false));
+    }
+    return owned;
+  }
+  /// The polygons of a geometry that have more than an area [m²].
+  void AppendPolygons(const GEOSGeometry* geometry, double area,
+                      std::vector<OwnedPolygon>& polygons) const {
+    const int parts = Checked(GEOSGetNumGeometries_r(context_, geometry));
+    for (int i = 0; i < parts; ++i) {
+      const GEOSGeometry* part = GEOSGetGeometryN_r(context_, geometry, i);
+      if (part == nullptr) Fail();
+      const bool isPolygon = Checked(GEOSGeomTypeId_r(context_, part)) == GEOS_POLYGON;
+      if (isPolygon && AreaOf(part) > area) polygons.push_back(PolygonOf(part));
+    }
+  }
   /// A place where a polygon is invalid; nothing when it is valid.
   std::optional<Vec2<double>> InvalidPlace(const GEOSGeometry* polygon) const {
     GEOSGeometry* where = nullptr;
@@ -99,18 +151,30 @@ std::size_t DistinctVertices(Ring ring) {
   return distinct.size();
 }
 
-/// Whether the ring's area is lost beside the size of its bounding box.
-bool EnclosesNothing(Ring ring) {
-  constexpr double kRelativeArea =
-      1e-12;  // far above rounding, far below any section's slenderness
+double AreaOf(const PolygonView& polygon) {
+  double sum = std::abs(SignedArea(polygon.outline));
+  for (const auto& hole : polygon.holes) sum -= std::abs(SignedArea(hole));
+  return sum;
+}
+
+/// Length of the diagonal of a ring's bounding box.
+double Extent(Ring ring) {
+  if (ring.empty()) return 0.0;
   Vec2<double> low = ring.front();
   Vec2<double> high = low;
   for (const auto& v : ring) {
     low = {std::min(low.x, v.x), std::min(low.y, v.y)};
     high = {std::max(high.x, v.x), std::max(high.y, v.y)};
   }
-  const Vec2<double> size = high - low;
-  return !(std::abs(SignedArea(ring)) > kRelativeArea * Dot(size, size));
+  return Length(high - low);
+}
+
+/// Whether the ring's area is lost beside the size of its bounding box.
+bool EnclosesNothing(Ring ring) {
+  constexpr double kRelativeArea =
+      1e-12;  // far above rounding, far below any section's slenderness
+  const double size = Extent(ring);
+  return !(std::abs(SignedArea(ring)) > kRelativeArea * size * size);
 }
 
 bool IsStraight(Ring ring) { return ConvexHull(ring).size() < 3; }
@@ -136,6 +200,23 @@ PolygonValidity RingFault(const Geos& geos, Ring ring, const std::string& name) 
   if (EnclosesNothing(ring))
     return {PolygonFault::noArea, name + " encloses no area", ring.front()};
   return {};
+}
+
+/// Distance over a polygon's size up to which vertices are moved onto another boundary: more than
+/// rounding moves the points of a common edge, less than any dimension of a section.
+constexpr double kSnapDistance = 1e-9;
+
+/// What a cover leaves of polygons. Edges that rounding alone keeps apart are made one first: hair
+/// between them would reach to where nothing is left, and be taken for a corner of the section.
+Geos::Geometry Uncovered(const Geos& geos, Geos::Geometry polygons, Geos::Geometry cover,
+                         double tolerance) {
+  auto snapped = geos.Snapped(polygons.get(), cover.get(), tolerance);
+  auto snappedCover = geos.Snapped(cover.get(), snapped.get(), tolerance);
+  if (geos.IsValid(snapped) && geos.IsValid(snappedCover)) {
+    polygons = std::move(snapped);
+    cover = std::move(snappedCover);
+  }
+  return geos.Own(GEOSDifference_r(geos.Context(), polygons.get(), cover.get()));
 }
 
 }  // namespace
@@ -173,7 +254,7 @@ PolygonOverlap OverlapOf(const PolygonView& a, const PolygonView& b) {
   const auto second = geos.MakePolygon(b);
   const auto common = geos.Own(GEOSIntersection_r(context, first.get(), second.get()));
   PolygonOverlap overlap;
-  geos.Checked(GEOSArea_r(context, common.get(), &overlap.area), 0);
+  overlap.area = geos.AreaOf(common.get());
   if (overlap.area > 0.0) {
     const auto point = geos.Own(GEOSPointOnSurface_r(context, common.get()));
     overlap.place = geos.PlaceOf(point.get());
@@ -183,12 +264,26 @@ PolygonOverlap OverlapOf(const PolygonView& a, const PolygonView& b) {
 
 bool InteriorsOverlap(const PolygonView& a, const PolygonView& b) {
   constexpr double kRelativeArea = 1e-9;
-  const auto area = [](const PolygonView& p) {
-    double sum = std::abs(SignedArea(p.outline));
-    for (const auto& hole : p.holes) sum -= std::abs(SignedArea(hole));
-    return sum;
-  };
-  return OverlapOf(a, b).area > kRelativeArea * std::min(area(a), area(b));
+  return OverlapOf(a, b).area > kRelativeArea * std::min(AreaOf(a), AreaOf(b));
+}
+
+std::vector<OwnedPolygon> Difference(std::span<const PolygonView> polygons,
+                                     std::span<const PolygonView> covers) {
+  constexpr double kRelativeArea = 1e-9;
+  double area = 0.0;
+  for (const PolygonView& polygon : polygons) area += AreaOf(polygon);
+
+  const Geos geos;
+  std::vector<OwnedPolygon> left;
+  for (const PolygonView& polygon : polygons) {
+    const double tolerance = kSnapDistance * Extent(polygon.outline);
+    Geos::Geometry rest = geos.MakePolygon(polygon);
+    for (const PolygonView& cover : covers) {
+      rest = Uncovered(geos, std::move(rest), geos.MakePolygon(cover), tolerance);
+    }
+    geos.AppendPolygons(rest.get(), kRelativeArea * area, left);
+  }
+  return left;
 }
 
 }  // namespace Orlix::Numeric
