@@ -16,4 +16,8 @@ double CrackingUtilisation(
     const Data::CVelmoData& document, const Data::Velmo9::Deformation& deformation,
     const std::map<int, Data::Velmo9::DetailedIntegrationResult::ComponentDetails>& components);
 
+/// The same: the details of the components hold all that the document would tell.
+double CrackingUtilisation(const Data::Velmo9::Deformation& deformation,
+                           const Data::Velmo9::DetailedIntegrationResult::ComponentMap& components);
+
 }  // namespace Orlix::VlSol

@@ -8,6 +8,7 @@
 #include "model/oxnumeric/section/failure.h"
 #include "model/oxnumeric/section/gauge.h"
 #include "model/oxnumeric/section/kernel.h"
+#include "model/vlsol/reported_plane.h"
 
 namespace Orlix::VlSol {
 namespace {
@@ -22,98 +23,127 @@ constexpr double kInfinity = std::numeric_limits<double>::infinity();
 // Moments or axial forces below this part of the load are round-off of its input.
 constexpr double kNegligible = 1e-12;
 
-// A plane in the section's axes, with curvatures that are round-off of the search set to zero, so
-// that symmetric cases have a clean neutral axis.
-Vec3<double> Reported(const CompiledSection& section, const Plane& local) {
-  constexpr double kRoundOff = 1e-13;  // a hundredth of the equilibrium's tolerance
-  const double size = std::abs(local.x) + section.radius * std::hypot(local.y, local.z);
-  const double noise = kRoundOff * size / section.radius;
-  Plane clean = local;
-  if (std::abs(clean.y) <= noise) clean.y = 0.0;
-  if (std::abs(clean.z) <= noise) clean.z = 0.0;
-  return section.ToOrigin(clean);
-}
-
 double Utilisation(const FailurePoint& failure) {
   return failure.found ? 1.0 / failure.lambda : kInfinity;
 }
 
-// Load utilisation, M/Mu and failure point of a load, seen from its plane with its gauge.
-void FindCapacity(const CompiledSection& section, const Resultant& load, const Plane& plane,
-                  double gauge, UlsCaseSolution& solution) {
-  const Resultant local = section.LoadToLocal(load);
-  const Numeric::PathPoint start{1.0, plane, gauge};
-  const FailurePoint failure = Numeric::FindFailure(section, {{}, local}, start);
-  solution.loadUtilisation = Utilisation(failure);
-  if (failure.found) {
-    solution.loadAtFailure = failure.lambda * load;
-    solution.deformationAtFailure = Reported(section, failure.plane);
-    solution.limitIsCap = failure.limitIsCap;
-  }
+Numeric::PathPoint StartOf(const CompiledSection& section,
+                           const Numeric::EquilibriumResult& equilibrium) {
+  const double gauge = Numeric::GaugeOf(section, equilibrium.plane).value;
+  // Without equilibrium the load counts as outside: its capacity, if it has one, lies below it.
+  return {1.0, equilibrium.plane, equilibrium.converged ? gauge : std::max(2.0, gauge)};
+}
+
+// The load's nominal failure, no further than the code lets the axial force go.
+FailurePoint NominalFailure(const CompiledSection& section, const Resultant& local,
+                            const Numeric::PathPoint& start, const StrengthReduction* reduction) {
+  FailurePoint failure = Numeric::FindFailure(section, {{}, local}, start);
+  if (reduction == nullptr || !failure.found || local.x >= 0.0) return failure;
+  const double capped = reduction->axialCap / -local.x;
+  if (capped >= failure.lambda) return failure;
+  failure.lambda = capped;
+  failure.limitIsCap = false;
+  failure.plane = Numeric::SolveEquilibrium(section, capped * local, &failure.plane).plane;
+  return failure;
+}
+
+double MomentRatio(const CompiledSection& section, const Resultant& load,
+                   const Numeric::PathPoint& start, const StrengthReduction* reduction,
+                   double loadUtilisation) {
   const double size = Numeric::ScaledNorm(section, load);
   const Resultant moments{0.0, load.y, load.z};
   if (Numeric::ScaledNorm(section, moments) <= kNegligible * size) {
-    solution.momentRatio = solution.loadUtilisation <= 1.0 + kStatusMargin ? 0.0 : kInfinity;
-  } else if (std::abs(load.x) <= kNegligible * size) {
-    solution.momentRatio = solution.loadUtilisation;
-  } else {
-    const Numeric::LoadPath held{section.LoadToLocal({load.x, 0.0, 0.0}), moments};
-    solution.momentRatio = Utilisation(Numeric::FindFailure(section, held, start));
+    return loadUtilisation <= 1.0 + kStatusMargin ? 0.0 : kInfinity;
   }
+  if (std::abs(load.x) <= kNegligible * size) return loadUtilisation;
+  if (reduction != nullptr) {
+    const auto factor = ReducedMomentFactor(section, *reduction, load, start.plane);
+    return factor ? 1.0 / *factor : kInfinity;
+  }
+  const Numeric::LoadPath held{section.LoadToLocal({load.x, 0.0, 0.0}), moments};
+  return Utilisation(Numeric::FindFailure(section, held, start));
+}
+
+// Load utilisation, M/Mu, reduction factor and failure point of a load.
+void FindCapacity(const CompiledSection& section, const Resultant& load,
+                  const Numeric::PathPoint& start, const StrengthReduction* reduction,
+                  UlsCaseSolution& solution) {
+  const FailurePoint nominal = NominalFailure(section, section.LoadToLocal(load), start, reduction);
+  if (nominal.found) {
+    if (reduction != nullptr) solution.reductionFactor = reduction->Phi(section, nominal.plane);
+    const double lambda = solution.reductionFactor * nominal.lambda;
+    solution.loadUtilisation = 1.0 / lambda;
+    solution.loadAtFailure = lambda * load;
+    solution.deformationAtFailure = ReportedPlane(section, nominal.plane);
+    solution.limitIsCap = nominal.limitIsCap;
+  }
+  solution.momentRatio = MomentRatio(section, load, start, reduction, solution.loadUtilisation);
+}
+
+UlsCaseSolution Unsolved(const Vec3<double>& input) {
+  UlsCaseSolution solution;
+  solution.input = input;
+  solution.loadUtilisation = solution.deformationUtilisation = solution.momentRatio = kInfinity;
+  return solution;
 }
 
 }  // namespace
 
-UlsCaseSolution SolveUlsLoad(const CompiledSection& section, const Vec3<double>& load) {
-  UlsCaseSolution solution;
-  solution.input = load;
+UlsCaseSolution SolveUlsLoad(const CompiledSection& section, const Vec3<double>& load,
+                             const StrengthReduction* reduction) {
+  UlsCaseSolution solution = Unsolved(load);
   solution.load = load;
-  solution.loadUtilisation = solution.deformationUtilisation = solution.momentRatio = kInfinity;
   if (!IsFinite(load)) return solution;
 
-  const Numeric::EquilibriumResult equilibrium =
+  Numeric::EquilibriumResult equilibrium =
       Numeric::SolveEquilibrium(section, section.LoadToLocal(load));
-  const double gauge = Numeric::GaugeOf(section, equilibrium.plane).value;
-  if (equilibrium.converged) {
-    solution.deformation = Reported(section, equilibrium.plane);
-    solution.deformationUtilisation = gauge;
+  const bool isLoaded = load != Vec3<double>{};
+  if (isLoaded) FindCapacity(section, load, StartOf(section, equilibrium), reduction, solution);
+  if (isLoaded && reduction != nullptr) {
+    const Resultant nominal = section.LoadToLocal((1.0 / solution.reductionFactor) * load);
+    equilibrium = Numeric::SolveEquilibrium(section, nominal, &equilibrium.plane);
   }
-  if (load == Vec3<double>{}) {
+  if (equilibrium.converged) {
+    solution.deformation = ReportedPlane(section, equilibrium.plane);
+    solution.deformationUtilisation = Numeric::GaugeOf(section, equilibrium.plane).value;
+  }
+  if (!isLoaded) {
     solution.loadUtilisation = solution.momentRatio = 0.0;
-    solution.carried = equilibrium.converged && gauge <= 1.0 + kStatusMargin;
+    solution.carried =
+        equilibrium.converged && solution.deformationUtilisation <= 1.0 + kStatusMargin;
     return solution;
   }
-  // Without equilibrium the load counts as outside: its capacity, if it has one, lies below it.
-  const double seenGauge = equilibrium.converged ? gauge : std::max(2.0, gauge);
-  FindCapacity(section, load, equilibrium.plane, seenGauge, solution);
   solution.carried = equilibrium.converged && solution.loadUtilisation <= 1.0 + kStatusMargin;
   return solution;
 }
 
-UlsCaseSolution SolveUlsDeformation(const CompiledSection& section, const Vec3<double>& plane) {
-  UlsCaseSolution solution;
-  solution.input = plane;
+UlsCaseSolution SolveUlsDeformation(const CompiledSection& section, const Vec3<double>& plane,
+                                    const StrengthReduction* reduction) {
+  UlsCaseSolution solution = Unsolved(plane);
   solution.deformation = plane;
-  solution.loadUtilisation = solution.deformationUtilisation = solution.momentRatio = kInfinity;
   if (!IsFinite(plane)) return solution;
 
   const Plane local = section.ToLocal(plane);
   const double gauge = Numeric::GaugeOf(section, local).value;
+  const bool hasFailure = gauge > 0.0 && std::isfinite(gauge);
+  const Plane failing = hasFailure ? (1.0 / gauge) * local : local;
+  const double phi = reduction != nullptr ? reduction->Phi(section, failing) : 1.0;
   solution.deformationUtilisation = gauge;
-  solution.load = section.LoadToOrigin(Numeric::Integrate(section, local));
+  solution.load = phi * section.LoadToOrigin(Numeric::Integrate(section, local));
   solution.carried = gauge <= 1.0 + kStatusMargin;
   const double size = Numeric::ScaledNorm(section, solution.load);
   if (size <= kNegligible * section.squash) {
     solution.loadUtilisation = solution.momentRatio = 0.0;
   } else {
-    FindCapacity(section, solution.load, local, gauge, solution);
+    // The plane carries the load over phi: that point of the path is where the search begins.
+    FindCapacity(section, solution.load, {1.0 / phi, local, gauge}, reduction, solution);
   }
+  solution.reductionFactor = phi;
   solution.loadAtFailure = solution.deformationAtFailure = {};
   solution.limitIsCap = false;
-  if (gauge > 0.0 && std::isfinite(gauge)) {
-    const Plane failing = (1.0 / gauge) * local;
+  if (hasFailure) {
     solution.deformationAtFailure = section.ToOrigin(failing);
-    solution.loadAtFailure = section.LoadToOrigin(Numeric::Integrate(section, failing));
+    solution.loadAtFailure = phi * section.LoadToOrigin(Numeric::Integrate(section, failing));
     solution.limitIsCap = Numeric::GaugeOf(section, failing).limitIsCap;
   }
   return solution;

@@ -132,6 +132,21 @@ PiecewiseCurve::PiecewiseCurve(std::vector<CSegment> segments, double negligible
   while (middle_ + 1 < segments_.size() && segments_[middle_].to <= 0.0) ++middle_;
 }
 
+void PiecewiseCurve::ScaleTension(double factor) {
+  for (std::size_t i = 0; i < segments_.size(); ++i) {
+    CSegment& s = segments_[i];
+    if (s.from < 0.0) continue;
+    assert(s.IsPolynomial());
+    for (double& c : s.c) c *= factor;
+    jumps_[i] *= factor;
+  }
+}
+
+void StressCurve::ScaleTension(double factor) {
+  for (PiecewiseCurve* curve : {&exact, &ramp, &displaced}) curve->ScaleTension(factor);
+  stressAtUpper *= factor;
+}
+
 StressCurve MakeStressCurve(const CurveInput& input) {
   assert(!input.segments.empty());
   const std::vector<CSegment>& given = input.segments;

@@ -26,6 +26,8 @@ class PiecewiseCurve {
 
   std::size_t size() const { return segments_.size(); }
   const CSegment& operator[](std::size_t i) const { return segments_[i]; }
+  /// Multiplies the stress of the pieces from zero strain on, all of them polynomials.
+  void ScaleTension(double factor);
   /// Jump of the stress where segment i begins [Pa]; 0 where the curve is continuous.
   double Jump(std::size_t i) const { return jumps_[i]; }
   /// Index of the segment [from, to) that holds a strain.

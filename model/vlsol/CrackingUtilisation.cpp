@@ -1,0 +1,72 @@
+#include "model/vlsol/CrackingUtilisation.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace Orlix::VlSol {
+namespace {
+
+using Data::Velmo9::Deformation;
+using Data::Velmo9::DetailedIntegrationResult;
+using ComponentDetails = DetailedIntegrationResult::ComponentDetails;
+using Cracking = DetailedIntegrationResult::Cracking;
+
+double StrainAt(const Deformation& deformation, const ComponentDetails& details, Vec2<double> at) {
+  return deformation.StrainAt(at) + details.lockedIn.StrainAt(at);
+}
+
+// Tension over strength; no strength is used up by any tension.
+double Ratio(double stress, double strength) {
+  if (stress <= 0.0) return 0.0;
+  return strength > 0.0 ? stress / strength : std::numeric_limits<double>::infinity();
+}
+
+double LargestStrain(const Deformation& deformation, const ComponentDetails& details) {
+  double strain = 0.0;
+  for (const Vec2<double>& p : details.cracking->vertices) {
+    strain = std::max(strain, StrainAt(deformation, details, p));
+  }
+  return strain;
+}
+
+// Strain at the force centroid of the bars in tension; 0 without such bars.
+double SteelLevelStrain(const Deformation& deformation,
+                        const DetailedIntegrationResult::ComponentMap& components) {
+  double first = 0.0;
+  double second = 0.0;
+  for (const auto& [index, details] : components) {
+    if (!details.cracking) continue;
+    for (const Cracking::Bar& bar : details.cracking->bars) {
+      const double e = StrainAt(deformation, details, bar.position);
+      if (e <= 0.0) continue;
+      first += bar.area * e;
+      second += bar.area * e * e;
+    }
+  }
+  return first > 0.0 ? second / first : 0.0;
+}
+
+}  // namespace
+
+double CrackingUtilisation(const Deformation& deformation,
+                           const DetailedIntegrationResult::ComponentMap& components) {
+  double utilisation = 0.0;
+  for (const auto& [index, details] : components) {
+    if (!details.cracking) continue;
+    const Cracking& cracking = *details.cracking;
+    double strain = cracking.bs8110 ? SteelLevelStrain(deformation, components) : 0.0;
+    // Without steel in tension the outline decides under either model.
+    if (strain <= 0.0) strain = LargestStrain(deformation, details);
+    const double strength = cracking.bs8110 ? cracking.steelLevelStress : cracking.f_ct;
+    utilisation = std::max(utilisation, Ratio(cracking.modulus * strain, strength));
+  }
+  return utilisation;
+}
+
+double CrackingUtilisation(
+    const Data::CVelmoData&, const Deformation& deformation,
+    const std::map<int, DetailedIntegrationResult::ComponentDetails>& components) {
+  return CrackingUtilisation(deformation, components);
+}
+
+}  // namespace Orlix::VlSol

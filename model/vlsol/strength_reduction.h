@@ -1,0 +1,48 @@
+#pragma once
+
+#include <limits>
+#include <optional>
+#include <vector>
+
+#include "model/oxnumeric/section/CompiledSection.h"
+#include "model/oxnumeric/section/failure.h"
+#include "model/vldata/document/CVelmoData.h"
+
+namespace Orlix::VlSol {
+
+/// Strength reduction of a task, ready for the search: phi rises in a straight line with the net
+/// tensile strain of the extreme tension bar at nominal failure, and the axial force is capped.
+/// Source: ACI 318-19, 21.2.2 and 22.4.2.1.
+struct StrengthReduction {
+  /// Strains between which phi rises, for each point area of the compiled section.
+  struct Range {
+    double compression{};  ///< compression-controlled up to this strain
+    double tension{};      ///< tension-controlled from this strain on
+  };
+  std::vector<Range> ranges;
+  double phiCompression{1.0};
+  double phiTension{1.0};
+  /// Largest nominal compression, positive [N].
+  double axialCap{std::numeric_limits<double>::infinity()};
+
+  /// phi of a nominal failure plane about the section's centre; phiCompression without bars.
+  double Phi(const Numeric::CompiledSection& section, const Numeric::Plane& failure) const;
+};
+
+/// The strength reduction of a task; nothing under a code with partial factors.
+/// @param compiled  the task's section at the ultimate limit state
+std::optional<StrengthReduction> StrengthReductionOf(const Data::CVelmoData& document,
+                                                     const Data::Velmo9::VelmoSection& section,
+                                                     int iTask,
+                                                     const Numeric::CompiledSection& compiled);
+
+/// Design moment capacity over the moment at held axial force: the smallest mu with
+/// phi(d) F(d) = (N, mu M), phi being that of the nominal failure plane d.
+/// @param load   (N, Myy, Mzz) about the section's origin, with a moment
+/// @param start  a plane near the equilibrium of the load, about the section's centre
+/// @return nothing when the axial force alone is beyond what the section takes
+std::optional<double> ReducedMomentFactor(const Numeric::CompiledSection& section,
+                                          const StrengthReduction& reduction,
+                                          const Vec3<double>& load, const Numeric::Plane& start);
+
+}  // namespace Orlix::VlSol
