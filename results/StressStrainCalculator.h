@@ -6,11 +6,15 @@
 #include "model/oxutil/Enumerations.h"
 #include "model/oxutil/OrlixString.h"
 #include "model/vldata/document/CVelmoData.h"
+#include "model/vldata/records/CaseSLSDetails.h"
 #include "model/vldata/records/CaseULSDetails.h"
 #include "model/vldata/records/Deformation.h"
 #include "model/vldata/records/DetailedIntegrationResult.h"
+#include "model/vldata/records/SlsResponse.h"
 
 namespace Orlix {
+
+struct SlsComponentContext;
 
 /// Strains and stresses at the vertices of the outlines and at the bars of a section, tension
 /// positive, recomputed from the strain plane of a solved case.
@@ -38,6 +42,22 @@ class StressStrainCalculator {
                          const Data::Velmo9::DetailedIntegrationResult& result,
                          const Data::Velmo9::AnalysisTask& task) const;
 
+  /// Lists every outline vertex and every bar of the components that a task includes, by component
+  /// index, with the values of both serviceability states; a list that is there is replaced. Those
+  /// of the cracked state are +infinity, not calculated, unless some concrete of the task has the
+  /// model 20 or 22. A component without details of the uncracked state is listed without values of
+  /// that state.
+  /// @throws std::out_of_range for no such section or task, and "invalid map<K, T> key" when the
+  ///         cracked response lacks an included component; what was stored before stays.
+  void AddSlsPointResults(int iSec, int iTask, const Data::Velmo9::SlsResponse& response,
+                          Data::Velmo9::CaseSLSDetails& record) const;
+
+  /// Replaces the summary of `record` by the extremes over the same samples. It has a cracked part,
+  /// which may be without samples, exactly where cracked values are calculated.
+  /// @throws std::out_of_range as AddSlsPointResults; then the record keeps its summary.
+  void ComputeSlsSummary(int iSec, int iTask, const Data::Velmo9::SlsResponse& response,
+                         Data::Velmo9::CaseSLSDetails& record) const;
+
   /// Strain at a point (y, z) [m] of a component; with the locked-in strain when the task preloads
   /// the component.
   static double PointStrainWithPrestrain(const Data::Velmo9::Deformation& deformation,
@@ -56,6 +76,33 @@ class StressStrainCalculator {
   void VisitUls(const Data::Velmo9::VelmoSection& section,
                 const Data::Velmo9::DetailedIntegrationResult& result,
                 const Data::Velmo9::AnalysisTask& task, OnPoint onPoint, OnBar onBar) const;
+
+  /// Strain and stress [Pa] in one serviceability state.
+  struct SlsSample {
+    double strain{};
+    double stress{};
+  };
+
+  /// Calls onComponent(context) for every component that the task includes, in index order.
+  template <class OnComponent>
+  void VisitSls(int iSec, int iTask, const Data::Velmo9::SlsResponse& response,
+                OnComponent onComponent) const;
+  /// Calls onPoint(position, uncracked, cracked); a state that is not calculated has no sample.
+  template <class OnPoint>
+  static void VisitSlsPoints(const SlsComponentContext& context, OnPoint onPoint);
+  /// Calls onBar(bar, steel, uncracked, cracked), likewise.
+  template <class OnBar>
+  void VisitSlsBars(const SlsComponentContext& context, OnBar onBar) const;
+
+  bool ShouldCalculateCracked(const Data::Velmo9::VelmoSection& section, int iTask) const;
+  void AddSlsComponentPointResults(const SlsComponentContext& context,
+                                   Data::Velmo9::CaseSLSDetails& record) const;
+  void AddSlsComponentBarResults(const SlsComponentContext& context,
+                                 Data::Velmo9::CaseSLSDetails& record) const;
+  static void UpdateSlsConcreteSummary(const SlsComponentContext& context,
+                                       Data::Velmo9::SlsStressStrainSummary& summary);
+  void UpdateSlsRebarSummary(const SlsComponentContext& context,
+                             Data::Velmo9::SlsStressStrainSummary& summary) const;
 
   double BarStrainWithPrestrain(const Data::CBar& bar, const Data::Velmo9::Deformation& deformation,
                                 LoadState state, const Data::Velmo9::AnalysisTask& task,

@@ -62,7 +62,7 @@ class StressStrainCalculatorTest : public testing::Test {
       const CSecComp& component = section.Components()[static_cast<std::size_t>(i)];
       const CMat& material =
           document.getMaterials()->Grade(component.MaterialType(), component.MaterialGrade());
-      (*details)[i] = {material.Curve(LoadState::ULS), Deformation(lockedIn), true};
+      (*details)[i] = {material.Curve(LoadState::ULS), Deformation(lockedIn), true, nullptr};
     }
     return DetailedIntegrationResult(Deformation(plane), VelmoLoad(), details);
   }

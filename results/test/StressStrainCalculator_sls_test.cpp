@@ -1,0 +1,266 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <functional>
+#include <limits>
+#include <memory>
+#include <stdexcept>
+#include <string>
+
+#include "results/StressStrainCalculator.h"
+
+namespace Orlix {
+namespace {
+
+using namespace Data;          // NOLINT(google-build-using-namespace)
+using namespace Data::Velmo9;  // NOLINT(google-build-using-namespace)
+using Design::CMat;
+using Design::CMatCurveParam;
+using Design::CMatRebar;
+using Design::CurveKind;
+
+constexpr double kInf = std::numeric_limits<double>::infinity();
+constexpr double kBarModulus = 100e9;  // at the serviceability limit state; twice that at ULS
+constexpr double kBarArea = 3e-4;
+
+CMatCurveParam LinearCurve(double modulus) {
+  CMatCurveParam curve(MatType::concrete);
+  const Design::CurveShape line{.kind = CurveKind::linear, .epsLimit = 0.02};
+  curve.SetShapes(line, line, {.strength = 1e9, .modulus = modulus});
+  return curve;
+}
+
+// A column with one bar and a steel plate beside it. Each state has a plane and a modulus of its
+// own, so that no value can come from the wrong state.
+class SlsStressStrainTest : public testing::Test {
+ protected:
+  using ComponentDetails = DetailedIntegrationResult::ComponentDetails;
+  using ComponentMap = DetailedIntegrationResult::ComponentMap;
+
+  SlsStressStrainTest() {
+    Materials& materials = *document.getMaterials();
+    CMat plain(MatType::concrete);
+    plain.SetName(L"test concrete");
+    concrete = materials.Add(plain);
+    CMat plate(MatType::steel);
+    plate.SetName(L"test steel");
+    const int steel = materials.Add(plate);
+    CMatRebar bar;
+    bar.SetName(L"test bar");
+    bar.SetProperties({.f_k = 1e9, .E = 2 * kBarModulus});
+    CTableT<double> line(2);
+    line.AddRow({0.01, 0.01 * kBarModulus});
+    bar.SetExplicitPoints(LoadState::SLS, LoadSign::compression, line);
+    bar.SetExplicitPoints(LoadState::SLS, LoadSign::tension, line);
+    const int rebar = materials.Add(bar);
+    CSection geometry;
+    geometry.Components() = {Plate(MatType::concrete, concrete, 0.4, 0.0),
+                             Plate(MatType::steel, steel, 0.02, 0.21)};
+    geometry.Components()[0].Concrete().SetReinforcement(
+        {{CBar({0.1, -0.25}, 0.02, kBarArea, rebar, {PreloadKind::strain, 0.0004})}});
+    document.AddSection(geometry).AddTask();
+    for (int i = 0; i < 2; ++i) {
+      uncracked[i] = {LinearCurve(30e9), Deformation({0.0001, 0.0, 0.0}), true, nullptr};
+      cracked[i] = {LinearCurve(10e9), Deformation({0.0003, 0.0, 0.0}), true, nullptr};
+    }
+  }
+
+  static CSecComp Plate(MatType type, int grade, double width, double y) {
+    return CSecComp(type, grade,
+                    CSecGeom(ShapeKind::rectangle, {.width = width, .depth = 0.6}, {y, 0.0}));
+  }
+
+  AnalysisTask& Task() { return document.getSection(0).Task(0); }
+
+  void SetModel(CurveKind kind) {
+    document.getMaterials()
+        ->Grade(MatType::concrete, concrete)
+        .SetShape(LoadState::SLS, LoadSign::compression, {.kind = kind});
+  }
+
+  SlsResponse Response() const {
+    const auto share = [](const ComponentMap& map) {
+      return std::make_shared<const ComponentMap>(map);
+    };
+    return {DetailedIntegrationResult(Deformation({0.0002, 0.001, 0.0}), {}, share(uncracked)),
+            DetailedIntegrationResult(Deformation({-0.0001, 0.0, 0.002}), {}, share(cracked))};
+  }
+
+  void Fill(CaseSLSDetails& record) const {
+    const StressStrainCalculator calculator(document);
+    calculator.AddSlsPointResults(0, 0, Response(), record);
+    calculator.ComputeSlsSummary(0, 0, Response(), record);
+  }
+  CaseSLSDetails Filled() const {
+    CaseSLSDetails record;
+    Fill(record);
+    return record;
+  }
+
+  CVelmoData document;
+  int concrete{};
+  ComponentMap uncracked;
+  ComponentMap cracked;
+};
+
+// Strains and stresses of this size carry a few roundings of 1e-16 relative.
+constexpr double kStrainError = 1e-15;
+constexpr double kStressError = 1e-3;  // [Pa]
+
+TEST_F(SlsStressStrainTest, BothStatesMatchHandCalculation) {
+  SetModel(CurveKind::interpolated);
+  const CaseSLSDetails record = Filled();
+  ASSERT_EQ(record.pointResults.size(), 2U);
+  for (const auto& [component, points] : record.pointResults) {
+    ASSERT_EQ(points.size(), 4U);
+    for (const PointSLSResult& point : points) {
+      const double first = 0.0002 + 0.001 * point.position.y;
+      const double second = -0.0001 - 0.002 * point.position.x;
+      EXPECT_NEAR(point.strainUncracked, first, kStrainError);
+      EXPECT_NEAR(point.stressUncracked, 30e9 * first, kStressError);
+      EXPECT_NEAR(point.strainCracked, second, kStrainError);
+      EXPECT_NEAR(point.stressCracked, 10e9 * second, kStressError);
+      EXPECT_EQ(point.materialType, component == 0 ? L"concrete" : L"steel");
+    }
+  }
+  EXPECT_EQ(record.pointResults.at(0)[0].grade, L"test concrete");
+
+  ASSERT_EQ(record.barResults.size(), 1U);
+  ASSERT_EQ(record.barResults.at(0).size(), 1U);
+  const BarSLSResult& bar = record.barResults.at(0)[0];
+  const double first = 0.0002 - 0.001 * 0.25 + 0.0004;
+  const double second = -0.0001 - 0.002 * 0.1 + 0.0004;
+  EXPECT_EQ(bar.number, 0);
+  EXPECT_EQ(bar.grade, L"test bar");
+  EXPECT_NEAR(bar.strainUncracked, first, kStrainError);
+  EXPECT_NEAR(bar.stressUncracked, kBarModulus * first, kStressError);
+  EXPECT_NEAR(bar.forceUncracked, kBarModulus * kBarArea * first, kStressError);
+  EXPECT_NEAR(bar.strainCracked, second, kStrainError);
+  EXPECT_NEAR(bar.stressCracked, kBarModulus * second, kStressError);
+  EXPECT_NEAR(bar.forceCracked, kBarModulus * kBarArea * second, kStressError);
+
+  // The extremes are those at the top and bottom (uncracked) and at the two sides (cracked).
+  const SlsStressStrainSummary& summary = record.stressStrainSummary;
+  EXPECT_NEAR(summary.uncracked.Concrete().maxStrain, 0.0005, kStrainError);
+  EXPECT_NEAR(summary.uncracked.Concrete().minStrain, -0.0001, kStrainError);
+  EXPECT_NEAR(summary.uncracked.Rebar().maxStress, kBarModulus * first, kStressError);
+  ASSERT_TRUE(summary.cracked);
+  EXPECT_NEAR(summary.cracked->Concrete().maxStress, 10e9 * 0.0003, kStressError);
+  EXPECT_NEAR(summary.cracked->Concrete().minStress, 10e9 * -0.00054, kStressError);
+  EXPECT_NEAR(summary.cracked->Rebar().minStress, kBarModulus * second, kStressError);
+}
+
+TEST_F(SlsStressStrainTest, OnlySomeModelsHaveACrackedState) {
+  const struct {
+    CurveKind kind;
+    bool cracked;
+  } kCases[] = {{CurveKind::linear, false},
+                {CurveKind::bs8110Tension, true},
+                {CurveKind::interpolated, true}};
+  for (const auto& c : kCases) {
+    SCOPED_TRACE(static_cast<int>(c.kind));
+    SetModel(c.kind);
+    const CaseSLSDetails record = Filled();
+    EXPECT_EQ(record.stressStrainSummary.cracked.has_value(), c.cracked);
+    EXPECT_NE(record.pointResults.at(1)[0].stressUncracked, kInf);
+    EXPECT_EQ(record.pointResults.at(1)[0].strainCracked != kInf, c.cracked);
+    EXPECT_EQ(record.pointResults.at(1)[0].stressCracked != kInf, c.cracked);
+    EXPECT_EQ(record.barResults.at(0)[0].strainCracked != kInf, c.cracked);
+    EXPECT_EQ(record.barResults.at(0)[0].forceCracked != kInf, c.cracked);
+  }
+}
+
+TEST_F(SlsStressStrainTest, BarsWithoutValidResultsAreListedWithoutValues) {
+  SetModel(CurveKind::interpolated);
+  uncracked[0].barResultsValid = false;
+  CaseSLSDetails record = Filled();
+  EXPECT_EQ(record.barResults.at(0)[0].forceUncracked, kInf);
+  EXPECT_NE(record.barResults.at(0)[0].forceCracked, kInf);
+  EXPECT_FALSE(record.stressStrainSummary.uncracked.HasRebar());
+  EXPECT_TRUE(record.stressStrainSummary.cracked->HasRebar());
+  uncracked[0].barResultsValid = true;
+  cracked[0].barResultsValid = false;
+  record = Filled();
+  EXPECT_NE(record.barResults.at(0)[0].strainUncracked, kInf);
+  EXPECT_EQ(record.barResults.at(0)[0].strainCracked, kInf);
+  EXPECT_FALSE(record.stressStrainSummary.cracked->HasRebar());
+}
+
+TEST_F(SlsStressStrainTest, MissingUncrackedDetailsLeaveThePointsListed) {
+  SetModel(CurveKind::interpolated);
+  uncracked.erase(0);
+  const CaseSLSDetails record = Filled();
+  ASSERT_EQ(record.pointResults.at(0).size(), 4U);
+  for (const PointSLSResult& point : record.pointResults.at(0)) {
+    EXPECT_EQ(point.strainUncracked, kInf);
+    EXPECT_EQ(point.stressUncracked, kInf);
+    EXPECT_DOUBLE_EQ(std::abs(point.position.y), 0.3);
+    EXPECT_NE(point.stressCracked, kInf);
+  }
+  EXPECT_EQ(record.barResults.at(0)[0].strainUncracked, kInf);
+  EXPECT_TRUE(record.stressStrainSummary.uncracked.HasConcrete());  // of the plate
+  EXPECT_FALSE(record.stressStrainSummary.uncracked.HasRebar());
+}
+
+TEST_F(SlsStressStrainTest, MissingCrackedDetailsAreOutOfRangeUnderEveryModel) {
+  cracked.erase(1);
+  for (const CurveKind kind : {CurveKind::linear, CurveKind::interpolated}) {
+    SetModel(kind);
+    CaseSLSDetails record;
+    const StressStrainCalculator calculator(document);
+    for (const std::function<void()>& call :
+         {std::function<void()>([&] { calculator.AddSlsPointResults(0, 0, Response(), record); }),
+          std::function<void()>([&] { calculator.ComputeSlsSummary(0, 0, Response(), record); })}) {
+      try {
+        call();
+        ADD_FAILURE() << "no exception";
+      } catch (const std::out_of_range& error) {
+        EXPECT_EQ(error.what(), std::string("invalid map<K, T> key"));
+      }
+    }
+    EXPECT_FALSE(record.stressStrainSummary.HasConcrete());
+  }
+  Task().SetIncludedComponents({0});  // the plate is not asked for any more
+  EXPECT_EQ(Filled().pointResults.size(), 1U);
+}
+
+TEST_F(SlsStressStrainTest, LockedInStrainIsThatOfTheStateAndSparesBarsAddedLater) {
+  SetModel(CurveKind::interpolated);
+  const CaseSLSDetails without = Filled();
+  for (const bool barsExcluded : {false, true}) {
+    SCOPED_TRACE(barsExcluded);
+    Task().SetComponentPreload(0, {barsExcluded});
+    const CaseSLSDetails with = Filled();
+    const auto grew = [](double after, double before, double by) {
+      EXPECT_NEAR(after - before, by, kStrainError);
+    };
+    const PointSLSResult& point = with.pointResults.at(0)[2];
+    grew(point.strainUncracked, without.pointResults.at(0)[2].strainUncracked, 0.0001);
+    grew(point.strainCracked, without.pointResults.at(0)[2].strainCracked, 0.0003);
+    const BarSLSResult& bar = with.barResults.at(0)[0];
+    grew(bar.strainUncracked, without.barResults.at(0)[0].strainUncracked,
+         barsExcluded ? 0.0 : 0.0001);
+    grew(bar.strainCracked, without.barResults.at(0)[0].strainCracked, barsExcluded ? 0.0 : 0.0003);
+    EXPECT_EQ(with.pointResults.at(1)[0].strainCracked,
+              without.pointResults.at(1)[0].strainCracked);
+  }
+}
+
+TEST_F(SlsStressStrainTest, SecondRunReplacesTheFirst) {
+  SetModel(CurveKind::interpolated);
+  CaseSLSDetails record = Filled();
+  const double before = record.stressStrainSummary.uncracked.Concrete().minStrain;
+  record.pointResults[0].resize(1);
+  document.getSection(0).Components()[0].Concrete().SetReinforcement({});
+  SetModel(CurveKind::linear);
+  Fill(record);
+  EXPECT_EQ(record.pointResults.at(0).size(), 4U);
+  EXPECT_EQ(record.pointResults.at(0)[0].strainCracked, kInf);
+  EXPECT_TRUE(record.barResults.at(0).empty());
+  EXPECT_FALSE(record.stressStrainSummary.HasRebar());
+  EXPECT_FALSE(record.stressStrainSummary.cracked);
+  EXPECT_EQ(record.stressStrainSummary.uncracked.Concrete().minStrain, before);
+}
+
+}  // namespace
+}  // namespace Orlix
