@@ -9,8 +9,10 @@
 
 namespace Orlix {
 
+using Data::Velmo9::CaseSLSDetails;
 using Data::Velmo9::CaseULSDetails;
 using Data::Velmo9::Deformation;
+using Data::Velmo9::SlsResultKind;
 using rapidjson::StringRef;
 using Util::JsonValue;
 
@@ -74,9 +76,7 @@ void CaseResultsJsonBuilder::AddUlsResultsDeformation(JsonValue& json,
                    allocator_);
     return;
   }
-  JsonValue neutralAxis(rapidjson::kObjectType);
-  AddNeutralAxisInfo(neutralAxis, details.deformation);
-  json.AddMember(StringRef("neutralAxis"), neutralAxis, allocator_);
+  AddNeutralAxis(json, details.deformation);
   json.AddMember(StringRef("status"), details.status, allocator_);
   json.AddMember(StringRef("deformationUtilisation"), details.deformationUtilisation, allocator_);
   json.AddMember(StringRef("momentRatio"), Capped(details.momentRatio), allocator_);
@@ -88,6 +88,56 @@ void CaseResultsJsonBuilder::AddUlsResultsDeformation(JsonValue& json,
     }
   }
   AddSummary(json, details);
+}
+
+void CaseResultsJsonBuilder::AddSlsCaseResultsToJson(JsonValue& json, const CaseSLSDetails& details,
+                                                     const LoadAction& action) const {
+  if (action == LoadAction::load) {
+    AddSlsResultsForce(json, details);
+  } else {
+    AddSlsResultsDeformation(json, details);
+  }
+  AddCracking(json, details);
+  details.AddCrackedStatusToJson(json, allocator_);
+  if (details.resultKind != SlsResultKind::noSolution) {
+    json.AddMember(StringRef("stiffness"), details.stiffness.toJson(allocator_), allocator_);
+  }
+  const Data::Velmo9::SlsStressStrainSummary& summary = details.stressStrainSummary;
+  if (summary.HasConcrete() || summary.HasRebar()) {
+    json.AddMember(StringRef("slsStressStrainSummary"), summary.ToJson(allocator_), allocator_);
+  }
+}
+
+void CaseResultsJsonBuilder::AddSlsResultsForce(JsonValue& json,
+                                                const CaseSLSDetails& details) const {
+  json.AddMember(StringRef("load"), details.load.toJson(allocator_), allocator_);
+  if (details.resultKind == SlsResultKind::noSolution) return;
+  AddDeformation(json, "deformationsCracked", details.crackedDeformation);
+  AddDeformation(json, "deformationsUncracked", details.uncrackedDeformation);
+  JsonValue interpolated = details.interpolatedDeformation.toJson(allocator_, false);
+  AddNeutralAxisInfo(interpolated, details.interpolatedDeformation);
+  AddZeta(interpolated, details.zeta);
+  json.AddMember(StringRef("interpolatedDeformations"), interpolated, allocator_);
+}
+
+void CaseResultsJsonBuilder::AddSlsResultsDeformation(JsonValue& json,
+                                                      const CaseSLSDetails& details) const {
+  AddNeutralAxis(json, details.appliedDeformation);
+  json.AddMember(StringRef("loadUncracked"), details.uncrackedLoad.toJson(allocator_), allocator_);
+  json.AddMember(StringRef("loadCracked"), details.crackedLoad.toJson(allocator_), allocator_);
+}
+
+void CaseResultsJsonBuilder::AddCracking(JsonValue& json, const CaseSLSDetails& details) const {
+  if (!code_.IsCrackWidthCode() || !reportCrackWidth_) return;
+  json.AddMember(StringRef("cracked"), details.cracked, allocator_);
+  if (!details.hasCrackWidth) return;
+  json.AddMember(StringRef("crackWidth"), Capped(details.crackWidth), allocator_);
+}
+
+void CaseResultsJsonBuilder::AddNeutralAxis(JsonValue& json, const Deformation& deformation) const {
+  JsonValue neutralAxis(rapidjson::kObjectType);
+  AddNeutralAxisInfo(neutralAxis, deformation);
+  json.AddMember(StringRef("neutralAxis"), neutralAxis, allocator_);
 }
 
 void CaseResultsJsonBuilder::AddNeutralAxisInfo(JsonValue& json,
@@ -102,6 +152,10 @@ void CaseResultsJsonBuilder::AddDeformation(JsonValue& json, const char* key,
   JsonValue value = deformation.toJson(allocator_, false);
   AddNeutralAxisInfo(value, deformation);
   json.AddMember(StringRef(key), value, allocator_);
+}
+
+void CaseResultsJsonBuilder::AddZeta(JsonValue& json, double zeta) const {
+  json.AddMember(StringRef("zeta"), DashOrNumber(zeta), allocator_);
 }
 
 void CaseResultsJsonBuilder::AddReductionFactor(JsonValue& json,

@@ -3,6 +3,7 @@
 #include "model/oxdata/codes/CConcCode.h"
 #include "model/oxutil/Enumerations.h"
 #include "model/oxutil/json_fwd.h"
+#include "model/vldata/records/CaseSLSDetails.h"
 #include "model/vldata/records/CaseULSDetails.h"
 #include "model/vldata/records/Deformation.h"
 
@@ -30,14 +31,27 @@ class CaseResultsJsonBuilder {
   void AddUlsCaseResultsToJson(Util::JsonValue& json, const Data::Velmo9::CaseULSDetails& details,
                                const LoadAction& action) const;
 
+  /// Appends the serviceability members in the form of the load action, as above. A case without a
+  /// solution has no deformations and no stiffness; an infinite crack width becomes the largest
+  /// double.
+  /// @pre `json` is an object.
+  void AddSlsCaseResultsToJson(Util::JsonValue& json, const Data::Velmo9::CaseSLSDetails& details,
+                               const LoadAction& action) const;
+
  private:
   void AddUlsResultsForce(Util::JsonValue& json, const Data::Velmo9::CaseULSDetails& details) const;
   void AddUlsResultsDeformation(Util::JsonValue& json,
                                 const Data::Velmo9::CaseULSDetails& details) const;
+  void AddSlsResultsForce(Util::JsonValue& json, const Data::Velmo9::CaseSLSDetails& details) const;
+  void AddSlsResultsDeformation(Util::JsonValue& json,
+                                const Data::Velmo9::CaseSLSDetails& details) const;
+  void AddCracking(Util::JsonValue& json, const Data::Velmo9::CaseSLSDetails& details) const;
+  void AddNeutralAxis(Util::JsonValue& json, const Data::Velmo9::Deformation& deformation) const;
   void AddNeutralAxisInfo(Util::JsonValue& json,
                           const Data::Velmo9::Deformation& deformation) const;
   void AddDeformation(Util::JsonValue& json, const char* key,
                       const Data::Velmo9::Deformation& deformation) const;
+  void AddZeta(Util::JsonValue& json, double zeta) const;
   void AddReductionFactor(Util::JsonValue& json, const Data::Velmo9::CaseULSDetails& details) const;
   void AddSummary(Util::JsonValue& json, const Data::Velmo9::CaseULSDetails& details) const;
 

@@ -13,8 +13,10 @@
 namespace Orlix {
 namespace {
 
+using Data::Velmo9::CaseSLSDetails;
 using Data::Velmo9::CaseULSDetails;
 using Data::Velmo9::Deformation;
+using Data::Velmo9::SlsResultKind;
 using Data::Velmo9::VelmoLoad;
 
 constexpr double kInf = std::numeric_limits<double>::infinity();
@@ -183,6 +185,99 @@ TEST(CaseResultsJsonBuilder, MembersThatAreThereStay) {
       .AddUlsCaseResultsToJson(document, nothing, LoadAction::load);
   EXPECT_EQ(document.MemberCount(), 3U);
   EXPECT_EQ(document["load"].GetInt(), 7);
+}
+
+std::string BuiltSls(const CaseSLSDetails& details, LoadAction action) {
+  const Data::Design::CConcCode code;
+  Util::JsonDocument document(rapidjson::kObjectType);
+  const CaseResultsJsonBuilder builder(code, document.GetAllocator(), true);
+  builder.AddSlsCaseResultsToJson(document, details, action);
+  return Util::PrettyJson(document);
+}
+
+// A cracked case with distinct, exactly representable numbers and both inputs.
+CaseSLSDetails Cracked() {
+  CaseSLSDetails d;
+  d.load = VelmoLoad({-1000.0, 250.0, 0.0});
+  d.appliedDeformation = Deformation({-0.125, 0.5, 0.0});
+  d.crackedDeformation = Deformation({-0.25, 0.5, 0.0});
+  d.uncrackedDeformation = Deformation({0.125, 0.0, 0.0});
+  d.uncrackedLoad = VelmoLoad({4.0, 5.0, 6.0});
+  d.crackedLoad = VelmoLoad({1.0, 2.0, 3.0});
+  d.interpolatedDeformation = Deformation({-0.5, 0.25, 0.0});
+  d.zeta = 0.75;
+  d.stiffness = {1e9, 2e6, kInf};
+  d.crackWidth = 2e-4;
+  d.hasCrackWidth = d.cracked = true;
+  d.resultKind = SlsResultKind::cracked;
+  return d;
+}
+
+struct SlsRow {
+  const char* what;
+  LoadAction action;
+  std::function<void(CaseSLSDetails&)> change;  // of the cracked case
+  std::string want;                             // members
+};
+
+// No crack width is written: no code computes one.
+TEST(CaseResultsJsonBuilder, ServiceabilityCases) {
+  const std::string load(kLoad);
+  const std::string states =
+      R"(, "deformationsCracked":
+             {"eps": -0.25, "kyy": 0.5, "kzz": 0.0, "na_angle": 0.0, "na_offset": 0.5},
+           "deformationsUncracked":
+             {"eps": 0.125, "kyy": 0.0, "kzz": 0.0, "na_angle": "-", "na_offset": "-"},)";
+  const std::string plane =
+      R"("interpolatedDeformations": {"eps": -0.5, "kyy": 0.25, "kzz": 0.0, "na_angle": 0.0,
+                                      "na_offset": 2.0, "zeta": )";
+  const std::string stiffness = R"(, "stiffness": {"EA": 1e9, "EIyy": 2e6, "EIzz": "-"})";
+  const std::string loads = R"(, "loadUncracked": {"N": 4.0, "Myy": 5.0, "Mzz": 6.0},
+                                 "loadCracked": {"N": 1.0, "Myy": 2.0, "Mzz": 3.0})";
+  const std::string axis(kAxis);
+  constexpr LoadAction kByLoad = LoadAction::load;
+  constexpr LoadAction kByPlane = LoadAction::deformation;
+  const auto none = [](CaseSLSDetails& d) { d.resultKind = SlsResultKind::noSolution; };
+  const SlsRow kRows[] = {
+      {"cracked", kByLoad, [](CaseSLSDetails&) {},
+       load + states + plane + R"(0.75}, "crackedStatus": "cracked")" + stiffness},
+      {"uncracked, not interpolated", kByLoad,
+       [](CaseSLSDetails& d) {
+         d.zeta = kInf;
+         d.resultKind = SlsResultKind::uncracked;
+       },
+       load + states + plane + R"("-"}, "crackedStatus": "uncracked")" + stiffness},
+      {"no solution", kByLoad, none, load + R"(, "crackedStatus": "no solution")"},
+      {"an empty case is the default record", kByLoad,
+       [](CaseSLSDetails& d) { d = CaseSLSDetails(); },
+       std::string(R"("load": )") + kZero + R"(, "deformationsCracked":
+           {"eps": 0.0, "kyy": 0.0, "kzz": 0.0, "na_angle": "-", "na_offset": "-"},
+         "deformationsUncracked":
+           {"eps": 0.0, "kyy": 0.0, "kzz": 0.0, "na_angle": "-", "na_offset": "-"},
+         "interpolatedDeformations": {"eps": 0.0, "kyy": 0.0, "kzz": 0.0, "na_angle": "-",
+                                      "na_offset": "-", "zeta": "-"},
+         "crackedStatus": "not calculated", "stiffness": {"EA": 0.0, "EIyy": 0.0, "EIzz": 0.0})"},
+      {"deformation", kByPlane, [](CaseSLSDetails&) {},
+       axis + loads + R"(, "crackedStatus": "cracked")" + stiffness},
+      {"deformation without a solution keeps its loads", kByPlane, none,
+       axis + loads + R"(, "crackedStatus": "no solution")"},
+      {"anything but a load is a deformation", LoadAction{7}, none,
+       axis + loads + R"(, "crackedStatus": "no solution")"},
+      {"a summary comes last and also without a solution", kByPlane,
+       [&](CaseSLSDetails& d) {
+         none(d);
+         d.stressStrainSummary.cracked.emplace().UpdateRebar(2e6, 0.5);
+       },
+       axis + loads + R"(, "crackedStatus": "no solution", "slsStressStrainSummary": {
+           "uncracked": {}, "cracked": {"rebar": {"maxStress": 2000000.0, "minStress": 2000000.0,
+                                                  "maxStrain": 0.5, "minStrain": 0.5}}})"},
+  };
+  for (const auto& [what, action, change, want] : kRows) {
+    SCOPED_TRACE(what);
+    CaseSLSDetails details = Cracked();
+    change(details);
+    EXPECT_EQ(BuiltSls(details, action), Text("{" + want + "}"));
+  }
 }
 
 }  // namespace
