@@ -91,19 +91,19 @@ class VelmoApp {
   /// Solves all cases of a task of a section of the document or a copy of one.
   void SolveTask(Data::Velmo9::VelmoSection& section, int iTask) const;
   /// Appends the records of cases in the order of `cases`; an index that is no case has the default
-  /// record, as has a limit state that the task does not compute.
-  /// @return false, with a message and nothing appended, when there is no such section or task or a
-  ///         case has no result that belongs to the model as it is
+  /// record, as has a limit state that the task does not compute; a case that is not solved, or was
+  /// before the model changed, counts as failed.
+  /// @return false, with a message and nothing appended, when there is no such section or task
   /// @throws what the computation of the first failing case threw; then nothing is appended
   bool CompileCaseResults(int iSec, int iTask, const std::vector<int>& cases, std::string& message,
                           std::vector<CaseRecords>& results,
                           const Data::Velmo9::OutputOptions& options) const;
-  /// The record of one case; the default one when there is no such case or it has no result that
-  /// belongs to the model as it is.
-  /// @param withDetails  false: without point results and summary
+  /// The record of one case; the default one when there is no such case, a failed one when the case
+  /// is not solved or the model changed since.
+  /// @param withPoints  false: no point results, whatever the options want
   Data::Velmo9::CaseULSDetails CaseULSDetails(int iSec, int iTask, int iCase,
                                               const Data::Velmo9::UlsOutputOptions& options,
-                                              bool withDetails) const;
+                                              bool withPoints) const;
   /// The results of cases as JSON. Solves the task first when asked to or when a case has no result
   /// that belongs to the model as it is; the results stay in the document.
   /// @param[out] json  becomes an object

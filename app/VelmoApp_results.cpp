@@ -54,11 +54,6 @@ bool VelmoApp::CompileCaseResults(int iSec, int iTask, const std::vector<int>& c
   if (!TaskExists(iSec, iTask, message)) return false;
   VelmoSection section = document_.Section(iSec);
   DropOutdatedResults(document_, section);
-  const auto unsolved = FirstUnsolved(section.Task(iTask), cases);
-  if (unsolved != cases.end()) {
-    message = AppMessages::NoCaseResults(*unsolved);
-    return false;
-  }
   std::vector<CaseRecords> slots(cases.size());
   ForEachCase(std::ssize(cases), [&](std::ptrdiff_t i) {
     CaseRecords& slot = slots[static_cast<std::size_t>(i)];
@@ -72,24 +67,33 @@ bool VelmoApp::CompileCaseResults(int iSec, int iTask, const std::vector<int>& c
 
 Data::Velmo9::CaseULSDetails VelmoApp::CaseULSDetails(int iSec, int iTask, int iCase,
                                                       const Data::Velmo9::UlsOutputOptions& options,
-                                                      bool withDetails) const {
+                                                      bool withPoints) const {
   if (!options.IsOutputWanted() || !HasCase(document_, iSec, iTask, iCase)) return {};
   const VelmoSection& section = document_.Section(iSec);
   const auto& solved = section.Task(iTask).Results();
-  if (!solved || solved->stamp != ResultsStamp(document_, section, iTask)) return {};
-  return UlsRecord(document_, section, iTask, iCase, options, withDetails);
+  if (!solved || solved->stamp == ResultsStamp(document_, section, iTask)) {
+    return UlsRecord(document_, section, iTask, iCase, options, withPoints);
+  }
+  VelmoSection current = section;
+  DropOutdatedResults(document_, current);
+  return UlsRecord(document_, current, iTask, iCase, options, withPoints);
 }
 
 bool VelmoApp::GetCaseResults(int iSec, int iTask, const std::vector<int>& cases,
                               Util::JsonDocument& json, std::string& message, bool solve) {
   json.SetObject();
   if (!TaskExists(iSec, iTask, message)) return false;
-  DropOutdatedResults(document_, document_.getSection(iSec));
-  VelmoSection section = document_.Section(iSec);
-  const AnalysisTask& task = section.Task(iTask);
+  VelmoSection& section = document_.getSection(iSec);
+  AnalysisTask& task = section.Task(iTask);
+  DropOutdatedResults(document_, section);
   if (solve || FirstUnsolved(task, cases) != cases.end()) {
-    SolveTask(section, iTask);
-    document_.getSection(iSec).Task(iTask).SetResults(task.Results());
+    VelmoSection copy = section;
+    SolveTask(copy, iTask);
+    task.SetResults(copy.Task(iTask).Results());
+  }
+  if (const auto unsolved = FirstUnsolved(task, cases); unsolved != cases.end()) {
+    message = AppMessages::NoCaseResults(*unsolved);
+    return false;
   }
   std::vector<CaseRecords> records;
   if (!CompileCaseResults(iSec, iTask, cases, message, records, OutputOptions(true))) return false;

@@ -51,14 +51,11 @@ void PopulateUtilisations(CaseULSDetails& record, const AnalysisTask& task, cons
 }  // namespace
 
 CaseULSDetails UlsRecord(const CVelmoData& document, const VelmoSection& section, int iTask,
-                         int iCase, const UlsOutputOptions& options, bool withDetails) {
+                         int iCase, const UlsOutputOptions& options, bool withPoints) {
   CaseULSDetails record;
   const AnalysisTask& task = section.Task(iTask);
-  if (!options.IsOutputWanted() || !task.ComputesULS() || !HasCase(task, iCase) ||
-      !task.IsCaseAnalysed(iCase)) {
-    return record;
-  }
-  const UlSResult result = task.ULSResult(iCase, withDetails);
+  if (!options.IsOutputWanted() || !task.ComputesULS() || !HasCase(task, iCase)) return record;
+  const UlSResult result = task.ULSResult(iCase, true);
   const bool carried = !result.IsFail();
   PopulateLoadAndDeformation(record, task, iCase, result, options, carried,
                              document.concreteCode().IsStrengthReduction());
@@ -66,9 +63,9 @@ CaseULSDetails UlsRecord(const CVelmoData& document, const VelmoSection& section
   if (options.utilisations) PopulateUtilisations(record, task, result, carried);
   if (options.loadAtFailure) record.loadAtFailure = result.LoadAtFailure();
   if (options.deformationAtFailure) record.deformationAtFailure = result.DeformationAtFailure();
-  if (carried && withDetails) {
+  if (carried) {
     const StressStrainCalculator calculator(document);
-    if (options.pointResults) {
+    if (withPoints && options.pointResults) {
       calculator.AddUlsPointResults(section, record, result.Response(), task);
     }
     calculator.ComputeUlsSummary(section, record, result.Response(), task);
