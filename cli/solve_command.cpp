@@ -94,6 +94,10 @@ bool Solved(VelmoApp& app, const Job& job) {
     std::cerr << place << "SLS results are asked for; this version computes ULS only\n";
   }
   app.SolveTask(section, job.iTask);
+  const AnalysisTask& task = section.Task(job.iTask);
+  if (task.ComputesULS() && task.NumCases() > 0 && !task.IsCaseAnalysed(0)) {
+    throw CommandError(place + "passed all checks, yet could not be solved");
+  }
   return true;
 }
 
