@@ -5,6 +5,7 @@
 
 #include "model/oxutil/json.h"
 #include "model/vldata/json/json_values.h"
+#include "model/vldata/json/task_names.h"
 
 namespace Orlix::Data::Velmo9 {
 namespace {
@@ -20,7 +21,44 @@ Util::JsonValue CaseToJson(const TaskCase& taskCase, LoadAction action, bool wit
   return json;
 }
 
+// Members that have their defaults are left out.
+void AddCreep(Util::JsonValue& json, const CreepSettings& creep, Util::JsonAllocator& allocator) {
+  if (creep.term != LoadTerm::shortTerm) {
+    for (const auto& [name, term] : kLoadTermNames) {
+      if (term == creep.term) AddText(json, "loadTerm", name, allocator);
+    }
+  }
+  if (creep.creepCoefficient != 0.0) AddNumber(json, "creep", creep.creepCoefficient, allocator);
+  if (creep.term == LoadTerm::intermediate) {
+    AddNumber(json, "longTermShare", creep.longTermShare, allocator);
+  }
+}
+
+void AddPhiFactors(Util::JsonValue& json, const CustomPhi& phi, Util::JsonAllocator& allocator) {
+  Util::JsonValue value(rapidjson::kObjectType);
+  for (const auto& [name, member] : kPhiMembers) AddNumber(value, name, phi.*member, allocator);
+  AddMember(json, "phiFactors", value, allocator);
+}
+
+// Whether a limit state has, for a case, a solution of its input.
+template <class Solution>
+bool IsSolved(const std::vector<Solution>& solutions, std::size_t index, const TaskCase& of) {
+  return index < solutions.size() && solutions[index].input == of.input;
+}
+
 }  // namespace
+
+double CreepSettings::LongShare() const {
+  switch (term) {
+    case LoadTerm::shortTerm:
+      return 0.0;
+    case LoadTerm::longTerm:
+      return 1.0;
+    case LoadTerm::intermediate:
+      break;
+  }
+  return longTermShare;
+}
 
 void AnalysisTask::SetLimitStates(bool uls, bool sls) {
   computesUls_ = uls;
@@ -47,10 +85,11 @@ void AnalysisTask::SetCaseInput(int iCase, const Vec3<double>& input) {
 }
 
 bool AnalysisTask::IsCaseAnalysed(int iCase) const {
-  if (!results_ || !computesUls_ || results_->action != action_ || iCase < 0) return false;
+  if (!results_ || results_->action != action_ || iCase < 0) return false;
   const auto index = static_cast<std::size_t>(iCase);
-  return index < cases_.size() && index < results_->uls.size() &&
-         results_->uls[index].input == cases_[index].input;
+  if (index >= cases_.size() || !(computesUls_ || computesSls_)) return false;
+  return (!computesUls_ || IsSolved(results_->uls, index, cases_[index])) &&
+         (!computesSls_ || IsSolved(results_->sls, index, cases_[index]));
 }
 
 UlSResult AnalysisTask::ULSResult(int iCase, bool withDetails) const {
@@ -58,6 +97,20 @@ UlSResult AnalysisTask::ULSResult(int iCase, bool withDetails) const {
   if (!IsCaseAnalysed(iCase)) return {};
   return {results_->uls[static_cast<std::size_t>(iCase)],
           withDetails ? results_->ulsComponents : nullptr};
+}
+
+Velmo9::SLSResult AnalysisTask::SLSResult(int iCase, bool /*withCrackWidth*/, bool withCracked,
+                                          bool withDetails) const {
+  if (!computesSls_) return Velmo9::SLSResult::NotAskedFor();
+  if (!IsCaseAnalysed(iCase)) return {};
+  SlsCaseSolution solution = results_->sls[static_cast<std::size_t>(iCase)];
+  if (!withCracked) {
+    solution.cracked = solution.uncracked;
+    solution.crackedLoad = solution.uncrackedLoad;
+  }
+  if (!withDetails) return {solution, nullptr, nullptr};
+  return {solution, results_->uncrackedComponents,
+          withCracked ? results_->crackedComponents : results_->uncrackedComponents};
 }
 
 Util::JsonValue AnalysisTask::toJson(Util::JsonAllocator& allocator, bool withCases, bool withNames,
@@ -68,6 +121,8 @@ Util::JsonValue AnalysisTask::toJson(Util::JsonAllocator& allocator, bool withCa
   AddFlag(json, "sls", computesSls_, allocator);
   AddText(json, "action", std::string_view(action_ == LoadAction::load ? "load" : "deformation"),
           allocator);
+  AddCreep(json, creep_, allocator);
+  if (phi_) AddPhiFactors(json, *phi_, allocator);
   if (includesAll_) {
     AddText(json, "components", std::string_view("all"), allocator);
   } else {

@@ -68,11 +68,6 @@ VelmoSection& CVelmoData::AddSection(const VelmoSection& section) {
   return sections_.emplace_back(VelmoSection(section));
 }
 
-void CVelmoData::ChangeCode(const Design::ConcreteCode& code) {
-  MoveToCode(code_.Data(), code.Data(), *materials_);
-  code_ = code;
-}
-
 void CVelmoData::ResetGrade(MatType type, int grade) {
   if (!materials_->IsValidGrade(type, grade)) return;
   Design::CMat& material = materials_->Grade(type, grade);

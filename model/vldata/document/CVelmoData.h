@@ -71,7 +71,9 @@ class CVelmoData : public CModelData {
 
   /// Sets the design code: {"concrete": name, "annex": "recommended" | "UK"}, or the name alone.
   /// Grades that are the old code's standard ones become the new code's of the same name; others
-  /// stay. Something unknown changes nothing and stands in `ReadProblems`.
+  /// stay. Another code brings its standard grades along, and the old code's of other names go
+  /// unless something is made of them: such a grade stays too, and stands in `ReadProblems`.
+  /// Something unknown changes nothing and stands in `ReadProblems`.
   /// A code or an annex that is absent stays; of a new code it is the first one listed.
   void SetCodes(const Util::JsonValue& json);
   void SetCodes(const OrlixString<wchar_t>& name);
@@ -103,7 +105,7 @@ class CVelmoData : public CModelData {
   bool ShouldCalculateCracked(const Velmo9::VelmoSection& section, int iTask) const;
 
  private:
-  void ChangeCode(const Design::ConcreteCode& code);
+  void ChangeCode(const Design::ConcreteCode& code, ProblemList& problems);
 
   std::vector<Velmo9::VelmoSection> sections_;
   Design::ConcreteCode code_;

@@ -1,11 +1,14 @@
 // The JSON side of the document: reading, writing, and edits that arrive as JSON.
 
+#include <algorithm>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "model/oxutil/json.h"
 #include "model/oxutil/text.h"
 #include "model/vldata/document/CVelmoData.h"
+#include "model/vldata/document/code_change.h"
 #include "model/vldata/document/standard_grades.h"
 #include "model/vldata/json/ObjectReader.h"
 #include "model/vldata/json/document_json.h"
@@ -37,6 +40,13 @@ DocumentOptions OptionsFromJson(const Util::JsonValue& json, const JsonPath& pat
       reader.Flag("deductDisplacedConcrete").value_or(options.deductDisplacedConcrete);
   reader.ReportUnknown();
   return options;
+}
+
+std::string_view NameOf(MatType type) {
+  const auto names = MaterialTypeNames();
+  const auto found = std::find_if(names.begin(), names.end(),
+                                  [&](const auto& entry) { return entry.second == type; });
+  return found == names.end() ? std::string_view() : found->first;
 }
 
 std::vector<Velmo9::VelmoSection> SectionsFromJson(const Util::JsonValue& array,
@@ -111,11 +121,26 @@ void CVelmoData::toJson(Util::JsonDocument& json, Util::JsonAllocator& allocator
   AddMember(json, "sections", part, allocator);
 }
 
+void CVelmoData::ChangeCode(const Design::ConcreteCode& code, ProblemList& problems) {
+  const std::string from = code_.Data().name;
+  const auto stranded = MoveToCode(code_.Data(), code.Data(), *materials_, sections_);
+  code_ = code;
+  const JsonPath root;
+  const JsonPath tables = root.Member("materials");
+  for (const auto& [type, grade] : stranded) {
+    const JsonPath table = tables.Member(NameOf(type));
+    const JsonPath place = table.Element(static_cast<std::size_t>(grade));
+    const std::string name = to_string(materials_->Grade(type, grade).Name());
+    problems.AddText(place.Member("name"), "\"" + name + "\", a grade of " + from + " that stays",
+                     "a grade of " + code_.Data().name);
+  }
+}
+
 void CVelmoData::SetCodes(const Util::JsonValue& json) {
   ProblemList problems;
   const JsonPath root;
   const auto code = CodeFromJson(json, root.Member("codes"), code_, problems);
-  if (code && problems.IsEmpty()) ChangeCode(*code);
+  if (code && problems.IsEmpty()) ChangeCode(*code, problems);
   readProblems_ = problems.Problems();
 }
 

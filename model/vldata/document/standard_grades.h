@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <memory>
 #include <string_view>
 
@@ -8,6 +9,10 @@
 
 namespace Orlix::Data {
 
+/// Types of which a code has standard grades.
+inline constexpr std::array kTypesWithStandards = {MatType::concrete, MatType::reinforcement,
+                                                   MatType::steel};
+
 /// The code's own grade of a name; null when it has none.
 const Design::CMat* StandardGrade(const Design::CConcCodeData& code, MatType type,
                                   std::wstring_view name);
@@ -15,12 +20,7 @@ const Design::CMat* StandardGrade(const Design::CConcCodeData& code, MatType typ
 /// Tables of all standard grades of a code.
 std::shared_ptr<Materials> StandardMaterials(const Design::CConcCodeData& code);
 
-/// Adds all standard grades of one type to an empty table.
+/// Adds the standard grades of one type whose names the table does not have yet.
 void AddStandardGrades(const Design::CConcCodeData& code, MatType type, Materials& materials);
-
-/// Replaces the grades that are the old code's standard ones, in all their values, by those of the
-/// same name of the new code. Edited grades stay, and so does what the new code has no name for.
-void MoveToCode(const Design::CConcCodeData& from, const Design::CConcCodeData& to,
-                Materials& materials);
 
 }  // namespace Orlix::Data

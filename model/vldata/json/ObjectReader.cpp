@@ -23,6 +23,8 @@ bool IsIn(double number, NumberRange range) {
       return number > 0.0;
     case NumberRange::notNegative:
       return number >= 0.0;
+    case NumberRange::zeroToOne:
+      return number >= 0.0 && number <= 1.0;
   }
   return false;
 }
@@ -35,6 +37,8 @@ std::string_view Words(NumberRange range) {
       return "a positive number";
     case NumberRange::notNegative:
       return "a number that is not negative";
+    case NumberRange::zeroToOne:
+      return "a number from 0 to 1";
   }
   return "a number";
 }

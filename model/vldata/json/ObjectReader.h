@@ -15,7 +15,7 @@
 namespace Orlix::Data {
 
 /// Which numbers a member may have; all are finite.
-enum class NumberRange { any, positive, notNegative };
+enum class NumberRange { any, positive, notNegative, zeroToOne };
 
 /// Reads the members of a JSON object by name and type. What is absent is no value and no problem;
 /// what has the wrong type or size is no value and a problem. Total for any JSON value.

@@ -63,9 +63,9 @@ std::string KnownNames() {
 std::string KnownAnnexes(std::string_view name) {
   std::string list;
   for (const CodeChoice& choice : Design::KnownCodes()) {
-    if (choice.name == name) AppendChoice(list, choice.annex);
+    if (choice.name == name && !choice.annex.empty()) AppendChoice(list, choice.annex);
   }
-  return "one of " + list;
+  return list.empty() ? "no annex for this code" : "one of " + list;
 }
 
 }  // namespace
@@ -111,7 +111,7 @@ Util::JsonValue CodesToJson(const Design::ConcreteCode& code, Util::JsonAllocato
   Util::JsonValue json(rapidjson::kObjectType);
   if (const CodeChoice* choice = ChoiceOf(code)) {
     AddText(json, "concrete", choice->name, allocator);
-    AddText(json, "annex", choice->annex, allocator);
+    if (!choice->annex.empty()) AddText(json, "annex", choice->annex, allocator);
   }
   return json;
 }

@@ -25,6 +25,11 @@ constexpr std::array<std::pair<std::string_view, PreloadKind>, 3> kPreloadNames 
     {"force", PreloadKind::force},
 }};
 
+constexpr std::array<std::pair<std::string_view, Confinement>, 2> kConfinementNames = {{
+    {"ties", Confinement::ties},
+    {"spiral", Confinement::spiral},
+}};
+
 void AddGrade(Util::JsonValue& json, MatType type, int grade, const Materials& materials,
               Util::JsonAllocator& allocator) {
   if (materials.IsValidGrade(type, grade)) {
@@ -158,6 +163,11 @@ Util::JsonValue SectionToJson(const Velmo9::VelmoSection& section, const Materia
                               Util::JsonAllocator& allocator) {
   Util::JsonValue json(rapidjson::kObjectType);
   AddText(json, "name", section.Name(), allocator);
+  if (section.Confinement() != Confinement::ties) {
+    for (const auto& [name, confinement] : kConfinementNames) {
+      if (confinement == section.Confinement()) AddText(json, "confinement", name, allocator);
+    }
+  }
   Util::JsonValue components(rapidjson::kArrayType);
   for (const CSecComp& component : section.Components()) {
     components.PushBack(ComponentToJson(component, materials, allocator), allocator);
@@ -176,6 +186,8 @@ Velmo9::VelmoSection SectionFromJson(const Util::JsonValue& json, const JsonPath
   ObjectReader reader(json, path, problems);
   Velmo9::VelmoSection section;
   section.SetName(reader.WideText("name").value_or(OrlixString<wchar_t>()));
+  section.SetConfinement(
+      reader.Choice<Confinement>("confinement", kConfinementNames).value_or(section.Confinement()));
   if (const Util::JsonValue* components = reader.Array("components")) {
     const JsonPath place = reader.PathOf("components");
     for (rapidjson::SizeType i = 0; i < components->Size(); ++i) {

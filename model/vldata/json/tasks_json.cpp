@@ -1,15 +1,20 @@
 #include "model/vldata/json/tasks_json.h"
 
 #include <array>
+#include <optional>
 #include <set>
 
 #include "model/oxutil/json.h"
 #include "model/vldata/json/ObjectReader.h"
+#include "model/vldata/json/task_names.h"
 
 namespace Orlix::Data {
 namespace {
 
 using Velmo9::AnalysisTask;
+using Velmo9::CreepSettings;
+using Velmo9::CustomPhi;
+using Velmo9::LoadTerm;
 using Velmo9::TaskCase;
 
 constexpr std::array<std::pair<std::string_view, LoadAction>, 2> kActionNames = {{
@@ -28,6 +33,36 @@ TaskCase CaseFromJson(const Util::JsonValue& json, const JsonPath& path, LoadAct
   taskCase.input.z = reader.Number(isLoad ? "Mzz" : "kzz").value_or(0.0);
   reader.ReportUnknown();
   return taskCase;
+}
+
+CreepSettings CreepFrom(ObjectReader& reader) {
+  CreepSettings creep;
+  creep.term = reader.Choice<LoadTerm>("loadTerm", kLoadTermNames).value_or(creep.term);
+  creep.creepCoefficient =
+      reader.Number("creep", NumberRange::notNegative).value_or(creep.creepCoefficient);
+  if (creep.term == LoadTerm::intermediate) {
+    creep.longTermShare =
+        reader.Number("longTermShare", NumberRange::zeroToOne).value_or(creep.longTermShare);
+  } else if (reader.Find("longTermShare") != nullptr) {
+    reader.Report("longTermShare", "a share with the load term \"intermediate\" alone");
+  }
+  return creep;
+}
+
+// Factors out of order or range are taken over as they are: the checks before a solution name them.
+std::optional<CustomPhi> PhiFrom(const Util::JsonValue& json, const JsonPath& path,
+                                 ProblemList& problems) {
+  ObjectReader reader(json, path, problems);
+  CustomPhi phi;
+  bool isComplete = true;
+  for (const auto& [name, member] : kPhiMembers) {
+    const auto number = reader.Number(name);
+    if (reader.Find(name) == nullptr) reader.Report(name, "a number");
+    isComplete = isComplete && number.has_value();
+    phi.*member = number.value_or(0.0);
+  }
+  reader.ReportUnknown();
+  return isComplete ? std::optional(phi) : std::nullopt;
 }
 
 void ReadComponents(ObjectReader& reader, int numComponents, AnalysisTask& task) {
@@ -64,6 +99,10 @@ AnalysisTask TaskFromJson(const Util::JsonValue& json, const JsonPath& path, int
   const bool sls = reader.Flag("sls").value_or(task.ComputesSLS());
   task.SetLimitStates(uls, sls);
   task.SetAction(reader.Choice<LoadAction>("action", kActionNames).value_or(task.Action()));
+  task.SetCreep(CreepFrom(reader));
+  if (const Util::JsonValue* phi = reader.Object("phiFactors")) {
+    task.SetPhiFactors(PhiFrom(*phi, reader.PathOf("phiFactors"), problems));
+  }
   ReadComponents(reader, numComponents, task);
   if (const Util::JsonValue* cases = reader.Array("cases")) {
     const JsonPath casesPath = reader.PathOf("cases");

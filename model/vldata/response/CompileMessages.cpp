@@ -1,6 +1,5 @@
 #include "model/vldata/response/CompileMessages.h"
 
-#include "model/oxutil/StringFrom.h"
 #include "model/oxutil/text.h"
 
 namespace Orlix::Data::Velmo9::CompileMessages {
@@ -56,10 +55,10 @@ std::string NoBarPreload(int component, int bar) {
   return Bar(component, bar) + " has a preload that gives no strain.";
 }
 
-std::string Overlap(int first, int second, Vec2<double> place) {
-  return Component(first) + " and component " + std::to_string(second + 1) +
-         " overlap at y = " + StringFrom(place.x) + " m, z = " + StringFrom(place.y) +
-         " m: take them apart, or include only one of them in the task.";
+std::string NoCreep(int task) {
+  return "Task " + std::to_string(task + 1) +
+         " has no valid creep: the coefficient must lie between 0 and 100, the long-term share "
+         "between 0 and 1.";
 }
 
 }  // namespace Orlix::Data::Velmo9::CompileMessages

@@ -2,7 +2,6 @@
 
 #include <string>
 
-#include "model/oxnumeric/Vec.h"
 #include "model/oxutil/Enumerations.h"
 #include "model/oxutil/OrlixString.h"
 
@@ -20,6 +19,6 @@ std::string NoBarGrade(int component, int bar);
 std::string NoBarArea(int component, int bar);
 std::string NoBarPlace(int component, int bar);
 std::string NoBarPreload(int component, int bar);
-std::string Overlap(int first, int second, Vec2<double> place);
+std::string NoCreep(int task);
 
 }  // namespace Orlix::Data::Velmo9::CompileMessages

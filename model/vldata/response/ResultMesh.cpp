@@ -8,7 +8,7 @@
 namespace Orlix::Data::Velmo9 {
 
 ResultMesh::ResultMesh(const CVelmoData& document, const VelmoSection& section, int iTask,
-                       LoadState state)
+                       SectionState state)
     : compiled_(SectionCompiler::Compile(document, section, iTask, state)) {
   if (!compiled_) throw std::invalid_argument("the task cannot be compiled");
 }

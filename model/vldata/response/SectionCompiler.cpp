@@ -5,7 +5,8 @@
 #include <map>
 #include <utility>
 
-#include "model/oxnumeric/polygon.h"
+#include "model/oxdata/codes/bs8110/tension_stiffening.h"
+#include "model/oxdata/materials/service_curves.h"
 #include "model/vldata/response/compile_problems.h"
 
 namespace Orlix::Data::Velmo9 {
@@ -14,7 +15,7 @@ namespace {
 using Numeric::CurveInput;
 using Numeric::PointAreaInput;
 using Numeric::RegionInput;
-using Numeric::SectionInput;
+using Cracking = DetailedIntegrationResult::Cracking;
 
 // The curve s(e) = -curve.Stress(-e): compression positive in, tension positive out.
 CurveInput TensionPositive(const Design::CMatCurveParam& curve) {
@@ -28,100 +29,129 @@ CurveInput TensionPositive(const Design::CMatCurveParam& curve) {
   return input;
 }
 
-bool IsIn(const SectionPolygon& polygon, Vec2<double> point) {
-  if (Numeric::Contains(polygon.outline, point) == Numeric::Location::outside) return false;
-  return std::none_of(polygon.holes.begin(), polygon.holes.end(), [&](const auto& hole) {
-    return Numeric::Contains(hole, point) == Numeric::Location::inside;
-  });
+bool IsBs8110(const Design::CMat& material) {
+  constexpr auto kModel = Design::CurveKind::bs8110Tension;
+  return material.Type() == MatType::concrete &&
+         (material.Model(LoadState::SLS, LoadSign::compression) == kModel ||
+          material.Model(LoadState::SLS, LoadSign::tension) == kModel);
 }
 
+double EffectiveModulus(const Design::CMat& concrete, const CreepSettings& creep) {
+  return concrete.Properties().E / (1.0 + creep.EffectiveCreep());
+}
+
+// The curve that a material has in a state of a task.
+Design::CMatCurveParam CurveIn(SectionState state, const Design::CMat& material,
+                               const CreepSettings& creep) {
+  const Design::CMatCurveParam& curve = material.Curve(LoadStateOf(state));
+  if (state == SectionState::ultimate || material.Type() != MatType::concrete) return curve;
+  if (state == SectionState::uncracked) return UncrackedCurve(curve, creep.EffectiveCreep());
+  return CrackedCurve(curve, creep.EffectiveCreep(), EffectiveModulus(material, creep));
+}
+
+std::shared_ptr<const Cracking> CrackingOf(const CSecComp& component, const Design::CMat& concrete,
+                                           const TaskGeometry::Component& geometry,
+                                           const CreepSettings& creep) {
+  auto cracking = std::make_shared<Cracking>();
+  for (const Numeric::OwnedPolygon& polygon : geometry.polygons) {
+    cracking->vertices.insert(cracking->vertices.end(), polygon.outline.begin(),
+                              polygon.outline.end());
+  }
+  cracking->f_ct = concrete.Properties().f_ct;
+  cracking->modulus = EffectiveModulus(concrete, creep);
+  cracking->bs8110 = IsBs8110(concrete);
+  if (!cracking->bs8110) return cracking;
+  cracking->steelLevelStress = Design::Bs8110::TensionAtSteelLevel(creep.LongShare());
+  for (const CBar& bar : component.Concrete().Bars()) {
+    cracking->bars.push_back({bar.Position(), bar.Area()});
+  }
+  return cracking;
+}
+
+// Collects the kernel's input of one state.
 class InputBuilder {
  public:
-  InputBuilder(const CVelmoData& document, LoadState state) : document_(document), state_(state) {}
+  InputBuilder(const CVelmoData& document, SectionState state, const CreepSettings& creep)
+      : document_(document), state_(state), creep_(creep) {}
 
-  void AddRegion(const CSecComp& component) {
+  void AddRegion(const CSecComp& component, const TaskGeometry::Component& geometry) {
     RegionInput region;
     region.curve = CurveIndex(component.MaterialType(), component.MaterialGrade());
-    const std::vector<SectionPolygon> polygons = component.Geometry().Polygons(0.0);
-    for (const SectionPolygon& polygon : polygons) {
+    for (const Numeric::OwnedPolygon& polygon : geometry.polygons) {
       region.rings.push_back({polygon.outline, false});
       for (const auto& hole : polygon.holes) region.rings.push_back({hole, true});
     }
-    const int index = static_cast<int>(input_.regions.size());
-    if (component.ConcreteExist()) concretes_.emplace_back(index, polygons);
     input_.regions.push_back(std::move(region));
   }
 
-  /// @pre every region has been added: a bar may sit in the concrete of another component.
-  void AddBars(const CSecComp& component) {
-    if (!component.ConcreteExist()) return;
-    for (const CBar& bar : component.Concrete().Bars()) {
+  void AddBars(const CSecComp& component, const TaskGeometry::Component& geometry) {
+    for (std::size_t i = 0; i < geometry.barHosts.size(); ++i) {
+      const CBar& bar = component.Concrete().Bars()[i];
       PointAreaInput point;
       point.position = bar.Position();
       point.area = bar.Area();
       point.curve = CurveIndex(MatType::reinforcement, bar.Grade());
-      point.prestrain = -BarPreStrain(document_, bar, state_);
-      point.host = HostOf(bar.Position());
+      point.prestrain = -BarPreStrain(document_, bar, LoadStateOf(state_));
+      point.host = geometry.barHosts[i];  // regions stand in the order of the components
       input_.points.push_back(point);
     }
   }
 
-  const SectionInput& Input() const { return input_; }
+  const Numeric::SectionInput& Input() const { return input_; }
+  const std::vector<int>& Bs8110Curves() const { return bs8110Curves_; }
 
  private:
   int CurveIndex(MatType type, int grade) {
-    const auto [entry, isNew] =
-        curveIndex_.try_emplace({type, grade}, static_cast<int>(input_.curves.size()));
-    if (isNew) {
-      const Design::CMat& material = document_.getMaterials()->Grade(type, grade);
-      input_.curves.push_back(TensionPositive(material.Curve(state_)));
-    }
-    return entry->second;
-  }
-
-  // The region whose concrete a bar displaces; -1: none.
-  int HostOf(Vec2<double> position) const {
-    if (!document_.Options().deductDisplacedConcrete) return -1;
-    for (const auto& [index, polygons] : concretes_) {
-      for (const SectionPolygon& polygon : polygons) {
-        if (IsIn(polygon, position)) return index;
-      }
-    }
-    return -1;
+    const int next = static_cast<int>(input_.curves.size());
+    const auto [entry, isNew] = curveIndex_.try_emplace({type, grade}, next);
+    if (!isNew) return entry->second;
+    const Design::CMat& material = document_.getMaterials()->Grade(type, grade);
+    input_.curves.push_back(TensionPositive(CurveIn(state_, material, creep_)));
+    if (state_ != SectionState::ultimate && IsBs8110(material)) bs8110Curves_.push_back(next);
+    return next;
   }
 
   const CVelmoData& document_;
-  LoadState state_;
-  SectionInput input_;
+  SectionState state_;
+  const CreepSettings& creep_;
+  Numeric::SectionInput input_;
   std::map<std::pair<MatType, int>, int> curveIndex_;
-  std::vector<std::pair<int, std::vector<SectionPolygon>>> concretes_;  // region and its outlines
+  std::vector<int> bs8110Curves_;
 };
 
 }  // namespace
 
 std::shared_ptr<const CompiledTask> SectionCompiler::Compile(const CVelmoData& document,
                                                              const VelmoSection& section, int iTask,
-                                                             LoadState state) {
-  if (!Problems(document, section, iTask, state).empty()) return nullptr;
-  const AnalysisTask& task = section.Task(iTask);
-  InputBuilder builder(document, state);
+                                                             SectionState state) {
+  return Compile(document, section, iTask, state, TaskGeometry::Of(document, section, iTask));
+}
+
+std::shared_ptr<const CompiledTask> SectionCompiler::Compile(const CVelmoData& document,
+                                                             const VelmoSection& section, int iTask,
+                                                             SectionState state,
+                                                             const TaskGeometry& geometry) {
+  if (!Problems(document, section, iTask, LoadStateOf(state)).empty()) return nullptr;
+  const CreepSettings& creep = section.Task(iTask).Creep();
+  InputBuilder builder(document, state, creep);
   DetailedIntegrationResult::ComponentMap components;
-  int index = 0;
-  for (const CSecComp& component : section.Components()) {
-    const int i = index++;
-    if (!task.IncludesComponent(i)) continue;
-    builder.AddRegion(component);
-    const auto& material =
+  for (const TaskGeometry::Component& own : geometry.Components()) {
+    const CSecComp& component = section.Components()[static_cast<std::size_t>(own.index)];
+    builder.AddRegion(component, own);
+    const Design::CMat& material =
         document.getMaterials()->Grade(component.MaterialType(), component.MaterialGrade());
-    components[i] = {material.Curve(state), Deformation(), true};
+    const bool cracks = state != SectionState::ultimate && component.ConcreteExist();
+    components[own.index] = {CurveIn(state, material, creep), Deformation(), true,
+                             cracks ? CrackingOf(component, material, own, creep) : nullptr};
   }
-  for (const auto& [i, details] : components) {
-    builder.AddBars(section.Components()[static_cast<std::size_t>(i)]);
+  for (const TaskGeometry::Component& own : geometry.Components()) {
+    builder.AddBars(section.Components()[static_cast<std::size_t>(own.index)], own);
   }
   auto compiled = std::make_shared<CompiledTask>();
   compiled->section = Numeric::Compile(builder.Input());
   compiled->components =
       std::make_shared<const DetailedIntegrationResult::ComponentMap>(std::move(components));
+  compiled->bs8110Curves = builder.Bs8110Curves();
   return compiled;
 }
 

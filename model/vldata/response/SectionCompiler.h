@@ -8,6 +8,7 @@
 #include "model/oxutil/Enumerations.h"
 #include "model/vldata/document/CVelmoData.h"
 #include "model/vldata/records/DetailedIntegrationResult.h"
+#include "model/vldata/response/TaskGeometry.h"
 
 namespace Orlix::Data::Velmo9 {
 
@@ -24,16 +25,28 @@ inline LoadState LoadStateOf(SectionState state) {
 struct CompiledTask {
   Numeric::CompiledSection section;
   std::shared_ptr<const DetailedIntegrationResult::ComponentMap> components;
+  /// Indices into `section.curves` of the concretes of model 20; empty at the ultimate limit state.
+  /// Before cracking their tension has the full effective modulus for its slope and so it has, to
+  /// start with, in the cracked state, where each case finds its own.
+  std::vector<int> bs8110Curves;
 };
 
 /// The place where records meet the kernel: turns the components that a task includes into
-/// regions, point areas and tension-positive curves.
+/// regions, point areas and tension-positive curves. Concrete and steel, structural or in bars, and
+/// FRP each keep the curve of their grade; concrete at the serviceability limit state takes the
+/// task's creep and the tension that its model gives the state.
 class SectionCompiler {
  public:
   /// @return the compiled section; nothing when the task cannot be compiled, see `Problems`
+  /// @throws as `TaskGeometry::Of`
   static std::shared_ptr<const CompiledTask> Compile(const CVelmoData& document,
                                                      const VelmoSection& section, int iTask,
                                                      SectionState state);
+  /// @param geometry  of this task; one serves all states
+  static std::shared_ptr<const CompiledTask> Compile(const CVelmoData& document,
+                                                     const VelmoSection& section, int iTask,
+                                                     SectionState state,
+                                                     const TaskGeometry& geometry);
   /// What keeps a task from being compiled, one message line each; empty: nothing.
   static std::vector<std::string> Problems(const CVelmoData& document, const VelmoSection& section,
                                            int iTask, LoadState state);

@@ -2,11 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
-#include <optional>
 #include <set>
 #include <utility>
 
-#include "model/oxnumeric/polygon_validity.h"
 #include "model/vldata/response/CompileMessages.h"
 #include "model/vldata/response/SectionCompiler.h"
 
@@ -35,38 +33,12 @@ bool IsUsable(const Design::CMatCurveParam& curve) {
          std::isfinite(curve.UniformCompressionLimit());
 }
 
-struct Box {
-  Vec2<double> low{kFurthest, kFurthest};
-  Vec2<double> high{-kFurthest, -kFurthest};
+// Concrete creeps by a few times its elastic strain; beyond this the coefficient is a slip.
+constexpr double kMostCreep = 100.0;
 
-  void Take(Vec2<double> p) {
-    low = {std::min(low.x, p.x), std::min(low.y, p.y)};
-    high = {std::max(high.x, p.x), std::max(high.y, p.y)};
-  }
-  bool Meets(const Box& b) const {
-    return low.x < b.high.x && b.low.x < high.x && low.y < b.high.y && b.low.y < high.y;
-  }
-};
-
-// An included component with valid polygons, and its place in the section.
-struct Outlines {
-  int component{};
-  std::vector<SectionPolygon> polygons;
-  Box box;
-};
-
-Numeric::PolygonView View(const SectionPolygon& p) { return {p.outline, p.holes}; }
-
-std::optional<Vec2<double>> SharedPlace(const Outlines& a, const Outlines& b) {
-  if (!a.box.Meets(b.box)) return std::nullopt;
-  for (const SectionPolygon& p : a.polygons) {
-    for (const SectionPolygon& q : b.polygons) {
-      if (Numeric::InteriorsOverlap(View(p), View(q))) {
-        return Numeric::OverlapOf(View(p), View(q)).place;
-      }
-    }
-  }
-  return std::nullopt;
+bool IsUsable(const CreepSettings& creep) {
+  return creep.creepCoefficient >= 0.0 && creep.creepCoefficient <= kMostCreep &&
+         creep.LongShare() >= 0.0 && creep.LongShare() <= 1.0;
 }
 
 class Checker {
@@ -87,7 +59,9 @@ class Checker {
       CheckComponent(i, components[static_cast<std::size_t>(i)]);
     }
     if (!isAnyIncluded) problems_.push_back(Messages::NothingIncluded(iTask_));
-    CheckOverlaps();
+    if (state_ == LoadState::SLS && !IsUsable(task_.Creep())) {
+      problems_.push_back(Messages::NoCreep(iTask_));
+    }
     return std::move(problems_);
   }
 
@@ -101,7 +75,9 @@ class Checker {
     } else {
       CheckCurve(index, type, component.MaterialGrade());
     }
-    CheckOutlines(index, component.Geometry());
+    if (std::string problem = OutlineProblem(index, component.Geometry()); !problem.empty()) {
+      problems_.push_back(std::move(problem));
+    }
     if (!component.ConcreteExist()) return;
     const auto& bars = component.Concrete().Bars();
     for (int i = 0; i < static_cast<int>(bars.size()); ++i) {
@@ -115,24 +91,6 @@ class Checker {
     if (!IsUsable(material.Curve(state_))) {
       problems_.push_back(Messages::NoCurve(component, material.Name(), state_));
     }
-  }
-
-  void CheckOutlines(int index, const CSecGeom& geometry) {
-    if (const std::string problem = geometry.PolygonProblem(); !problem.empty()) {
-      problems_.push_back(Messages::NoShape(index, problem));
-      return;
-    }
-    Outlines outlines{index, geometry.Polygons(0.0), {}};
-    for (const SectionPolygon& polygon : outlines.polygons) {
-      for (const Vec2<double>& vertex : polygon.outline) {
-        if (!IsPlace(vertex)) {
-          problems_.push_back(Messages::TooFarAway(index));
-          return;
-        }
-        outlines.box.Take(vertex);
-      }
-    }
-    outlines_.push_back(std::move(outlines));
   }
 
   void CheckBar(int component, int index, const CBar& bar) {
@@ -151,28 +109,27 @@ class Checker {
     }
   }
 
-  void CheckOverlaps() {
-    for (std::size_t j = 1; j < outlines_.size(); ++j) {
-      for (std::size_t i = 0; i < j; ++i) {
-        if (const auto place = SharedPlace(outlines_[i], outlines_[j])) {
-          problems_.push_back(
-              Messages::Overlap(outlines_[i].component, outlines_[j].component, *place));
-        }
-      }
-    }
-  }
-
   const CVelmoData& document_;
   const VelmoSection& section_;
   const AnalysisTask& task_;
   int iTask_;
   LoadState state_;
   std::set<std::pair<MatType, int>> curvesSeen_;
-  std::vector<Outlines> outlines_;
   std::vector<std::string> problems_;
 };
 
 }  // namespace
+
+std::string OutlineProblem(int component, const CSecGeom& geometry) {
+  if (const std::string problem = geometry.PolygonProblem(); !problem.empty()) {
+    return Messages::NoShape(component, problem);
+  }
+  const std::vector<SectionPolygon> polygons = geometry.Polygons(0.0);
+  const bool isNear = std::all_of(polygons.begin(), polygons.end(), [](const auto& polygon) {
+    return std::all_of(polygon.outline.begin(), polygon.outline.end(), IsPlace);
+  });
+  return isNear ? std::string() : Messages::TooFarAway(component);
+}
 
 std::vector<std::string> CompileProblems(const CVelmoData& document, const VelmoSection& section,
                                          int iTask, LoadState state) {

@@ -8,6 +8,10 @@
 
 namespace Orlix::Data::Velmo9 {
 
+/// What keeps the outlines of a component from being integrated, as a message line; empty: nothing.
+/// @param component  index, for the message
+std::string OutlineProblem(int component, const CSecGeom& geometry);
+
 /// What keeps a task from being compiled for a load state, one message line each; empty: nothing.
 /// @throws std::out_of_range for no such task.
 std::vector<std::string> CompileProblems(const CVelmoData& document, const VelmoSection& section,

@@ -88,6 +88,24 @@ void AddComponent(Hash& hash, const Materials& materials, const CSecComp& compon
   }
 }
 
+// What strength reduction reads besides the code.
+void AddReduction(Hash& hash, const VelmoSection& section, const AnalysisTask& task) {
+  hash.Add(static_cast<int>(section.Confinement()));
+  hash.Add(task.PhiFactors().has_value());
+  if (!task.PhiFactors()) return;
+  const CustomPhi& phi = *task.PhiFactors();
+  for (const double number :
+       {phi.compressionStrain, phi.tensionStrain, phi.phiCompression, phi.phiTension}) {
+    hash.Add(number);
+  }
+}
+
+void AddCreep(Hash& hash, const CreepSettings& creep) {
+  hash.Add(static_cast<int>(creep.term));
+  hash.Add(creep.creepCoefficient);
+  hash.Add(creep.LongShare());
+}
+
 }  // namespace
 
 std::uint64_t ResultsStamp(const CVelmoData& document, const VelmoSection& section, int iTask) {
@@ -100,6 +118,8 @@ std::uint64_t ResultsStamp(const CVelmoData& document, const VelmoSection& secti
   hash.Add(task.ComputesULS());
   hash.Add(task.ComputesSLS());
   hash.Add(static_cast<int>(task.Action()));
+  if (task.ComputesULS()) AddReduction(hash, section, task);
+  if (task.ComputesSLS()) AddCreep(hash, task.Creep());
   for (const auto& [component, preload] : task.ComponentPreloads()) {
     hash.Add(component);
     hash.Add(preload.barsExcluded);

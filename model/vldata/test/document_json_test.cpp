@@ -99,9 +99,12 @@ constexpr const char* kEverything = R"({
             {"name": "bare"}],
          "tasks": [
             {"name": "t", "uls": false, "sls": true, "action": "deformation", "components": [2, 3],
+             "loadTerm": "intermediate", "creep": 2.3, "longTermShare": 0.55,
+             "phiFactors": {"compressionStrain": 0.0021, "tensionStrain": 0.0049,
+                            "phiCompression": 0.61, "phiTension": 0.89},
              "cases": [{"name": "c", "eps": 1e-3, "kyy": -2e-3, "kzz": 0.1}]},
             {"name": "u", "components": [], "cases": [{"N": 1, "Myy": 2, "Mzz": 3}, {}]}]},
-        {"name": "two"}]
+        {"name": "two", "confinement": "spiral", "tasks": [{"loadTerm": "long"}]}]
 })";
 
 TEST(Document, WhatIsWrittenReadsBackToTheSameText) {
@@ -141,6 +144,14 @@ TEST(Document, WhatIsWrittenReadsBackToTheSameText) {
            "\"kind\": \"force\"",
            "\"deductDisplacedConcrete\": false",
            "\"components\": []",
+           "\"loadTerm\": \"intermediate\"",
+           "\"creep\": 2.3",
+           "\"longTermShare\": 0.55",
+           "\"compressionStrain\": 0.0021",
+           "\"tensionStrain\": 0.0049",
+           "\"phiCompression\": 0.61",
+           "\"phiTension\": 0.89",
+           "\"confinement\": \"spiral\"",
        }) {
     EXPECT_NE(written.find(part), std::string::npos) << part;
   }
@@ -237,6 +248,20 @@ TEST(Document, SaysWhatItCouldNotTakeOver) {
        "sections[1].tasks[1].components[3]: 2, the number of a component, 1 to 1, once each\n"
        "sections[1].tasks[1].components[4]: 1.5, the number of a component, 1 to 1, once each\n"
        "sections[1].tasks[1].components[5]: 0, the number of a component, 1 to 1, once each\n"},
+      {R"("sections": [{"confinement": "hoops"}])",
+       "sections[1].confinement: \"hoops\", one of \"ties\", \"spiral\"\n"},
+      {R"("sections": [{"tasks": [{"loadTerm": "medium", "creep": -1, "longTermShare": 0.5}]}])",
+       "sections[1].tasks[1].loadTerm: \"medium\", one of \"short\", \"long\", \"intermediate\"\n"
+       "sections[1].tasks[1].creep: -1, a number that is not negative\n"
+       "sections[1].tasks[1].longTermShare: 0.5, a share with the load term \"intermediate\" "
+       "alone\n"},
+      {R"("sections": [{"tasks": [{"loadTerm": "intermediate", "longTermShare": 1.5}]}])",
+       "sections[1].tasks[1].longTermShare: 1.5, a number from 0 to 1\n"},
+      {R"("sections": [{"tasks": [{"phiFactors": {"compressionStrain": 0.002, "tensionStrain": 0.005,
+           "phiCompression": "0.65", "phi": 1}}]}])",
+       "sections[1].tasks[1].phiFactors.phiCompression: \"0.65\", a number\n"
+       "sections[1].tasks[1].phiFactors.phiTension: nothing, a number\n"
+       "sections[1].tasks[1].phiFactors.phi: 1, no member of this name\n"},
       {R"("sections": [{"tasks": [{"action": "deformation", "cases": [{"N": 1}]}]}])",
        "sections[1].tasks[1].cases[1].N: 1, no member of this name\n"},
   };
@@ -295,7 +320,9 @@ TEST(Document, SurvivesMutatedBytes) {
     ASSERT_EQ(WriteDocument(ReadDocument(written)), written) << text;
     for (const auto& section : document.Sections()) {
       for (int task = 0; task < static_cast<int>(section.Tasks().size()); ++task) {
-        Velmo9::SectionCompiler::Compile(document, section, task, LoadState::ULS);
+        for (const auto state : {Velmo9::SectionState::ultimate, Velmo9::SectionState::cracked}) {
+          Velmo9::SectionCompiler::Compile(document, section, task, state);
+        }
       }
     }
   }

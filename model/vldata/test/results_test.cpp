@@ -5,6 +5,7 @@
 #include <cmath>
 #include <functional>
 #include <limits>
+#include <set>
 #include <string>
 
 #include "model/vldata/records/CaseSLSDetails.h"
@@ -73,6 +74,52 @@ TEST(AnalysisTask, ACaseHasResultsWhileItsInputIsTheSolvedOne) {
   EXPECT_FALSE(task.IsCaseAnalysed(1));
   EXPECT_THROW(task.SetCaseInput(3, {}), std::out_of_range);
   EXPECT_THROW(task.SetCaseInput(-1, {}), std::out_of_range);
+}
+
+TEST(AnalysisTask, ACaseHasResultsWhenEveryLimitStateHasThem) {
+  CVelmoData document = SolvedDocument();
+  AnalysisTask& task = document.getSection(0).Task(0);
+  auto results = std::make_shared<TaskResults>(*task.Results());
+  for (const TaskCase& taskCase : task.Cases()) {
+    SlsCaseSolution solution;
+    solution.input = solution.uncrackedLoad = taskCase.input;
+    solution.uncracked = {1e-4, 0.0, 0.0};
+    solution.cracked = {2e-4, 0.0, 0.0};
+    solution.zeta = 0.25;
+    solution.solved = true;
+    results->sls.push_back(solution);
+  }
+  results->sls[1].input.x += 1.0;  // solved for another load
+  results->uncrackedComponents = std::make_shared<DetailedIntegrationResult::ComponentMap>(
+      DetailedIntegrationResult::ComponentMap{{0, {}}});
+  results->crackedComponents = std::make_shared<DetailedIntegrationResult::ComponentMap>(
+      DetailedIntegrationResult::ComponentMap{{0, {}}, {1, {}}});
+  task.SetResults(results);
+  const struct {
+    bool uls, sls, first, second;
+  } kCases[] = {{true, false, true, true},
+                {false, true, true, false},
+                {true, true, true, false},
+                {false, false, false, false}};
+  for (const auto& c : kCases) {
+    task.SetLimitStates(c.uls, c.sls);
+    EXPECT_EQ(task.IsCaseAnalysed(0), c.first);
+    EXPECT_EQ(task.IsCaseAnalysed(1), c.second);
+    EXPECT_EQ(task.SLSResult(1, false, true, true).IsFail(), c.sls);
+  }
+  task.SetLimitStates(false, true);
+  const SLSResult both = task.SLSResult(0, false, true, true);
+  EXPECT_EQ(both.Response().uncracked.Deformation().Vector().x, 1e-4);
+  EXPECT_EQ(both.Response().cracked.Deformation().Vector().x, 2e-4);
+  EXPECT_EQ(both.Response().cracked.Components().size(), 2U);
+  EXPECT_EQ(both.Response().zeta, 0.25);
+  const SLSResult one = task.SLSResult(0, false, false, true);
+  EXPECT_EQ(one.Response().cracked.Deformation(), one.Response().uncracked.Deformation());
+  EXPECT_EQ(one.Response().cracked.Load(), one.Response().uncracked.Load());
+  EXPECT_EQ(one.Response().cracked.Components().size(), 1U);
+  const SLSResult bare = task.SLSResult(0, false, true, false);
+  EXPECT_TRUE(bare.Response().uncracked.Components().empty());
+  EXPECT_TRUE(bare.Response().cracked.Components().empty());
 }
 
 TEST(AnalysisTask, IsWrittenWithTheCasesAndNamesAskedFor) {
@@ -184,6 +231,18 @@ TEST(ResultsStamp, ChangesWithWhatDecidesTheResultsAndWithNothingElse) {
        [](CVelmoData& d, VelmoSection&) { d.SetCodes(ParseText(R"({"annex": "UK"})")); }, true},
       {"the limit states",
        [](CVelmoData&, VelmoSection& s) { s.Task(0).SetLimitStates(true, true); }, true},
+      {"creep at the ultimate limit state",
+       [](CVelmoData&, VelmoSection& s) {
+         s.Task(0).SetCreep({LoadTerm::longTerm, 2.0, 1.0});
+       },
+       false},
+      {"phi factors",
+       [](CVelmoData&, VelmoSection& s) {
+         s.Task(0).SetPhiFactors(CustomPhi{0.002, 0.005, 0.65, 0.9});
+       },
+       true},
+      {"the confinement",
+       [](CVelmoData&, VelmoSection& s) { s.SetConfinement(Confinement::spiral); }, true},
       {"one component less",
        [](CVelmoData&, VelmoSection& s) { s.Task(0).SetIncludedComponents({}); }, true},
   };
@@ -195,6 +254,24 @@ TEST(ResultsStamp, ChangesWithWhatDecidesTheResultsAndWithNothingElse) {
     DropOutdatedResults(document, section);
     EXPECT_EQ(section.Task(0).Results() == nullptr, c.drops);
   }
+}
+
+TEST(ResultsStamp, ChangesWithCreepAndTheOrderOfComponents) {
+  CVelmoData document = SolvedDocument();
+  VelmoSection& section = document.getSection(0);
+  section.Components().push_back(section.Components()[0]);
+  section.Components()[1].SetGeometry(CSecGeom({{{{0.0, 0.0}, {0.1, 0.0}, {0.0, 0.1}}, {}}}));
+  AnalysisTask& task = section.Task(0);
+  task.SetLimitStates(false, true);
+  std::set<std::uint64_t> stamps = {ResultsStamp(document, section, 0)};
+  for (const CreepSettings& creep :
+       {CreepSettings{LoadTerm::shortTerm, 2.0, 1.0}, CreepSettings{LoadTerm::longTerm, 2.0, 1.0},
+        CreepSettings{LoadTerm::intermediate, 2.0, 0.5}}) {
+    task.SetCreep(creep);
+    EXPECT_TRUE(stamps.insert(ResultsStamp(document, section, 0)).second);
+  }
+  std::swap(section.Components()[0], section.Components()[1]);
+  EXPECT_TRUE(stamps.insert(ResultsStamp(document, section, 0)).second);
 }
 
 TEST(Records, StiffnessIsNotCalculatedForTinyDivisors) {

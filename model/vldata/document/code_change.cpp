@@ -1,0 +1,80 @@
+#include "model/vldata/document/code_change.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <set>
+#include <utility>
+
+#include "model/vldata/document/standard_grades.h"
+
+namespace Orlix::Data {
+namespace {
+
+using Grade = std::pair<MatType, int>;
+
+std::set<Grade> UsedGrades(const std::vector<Velmo9::VelmoSection>& sections) {
+  std::set<Grade> used;
+  for (const Velmo9::VelmoSection& section : sections) {
+    for (const CSecComp& component : section.Components()) {
+      used.insert({component.MaterialType(), component.MaterialGrade()});
+      if (!component.ConcreteExist()) continue;
+      for (const CBar& bar : component.Concrete().Bars()) {
+        used.insert({MatType::reinforcement, bar.Grade()});
+      }
+    }
+  }
+  return used;
+}
+
+// By grade of the old table, the grade in the new one; -1: it went.
+using NewGrades = std::vector<int>;
+
+int NewGrade(const NewGrades& grades, int old) {
+  const bool isKnown = old >= 0 && old < static_cast<int>(grades.size());
+  return isKnown ? grades[static_cast<std::size_t>(old)] : -1;
+}
+
+void Renumber(CSecComp& component, MatType type, const NewGrades& grades) {
+  if (component.MaterialType() == type) {
+    component.SetMaterial(type, NewGrade(grades, component.MaterialGrade()));
+  }
+  if (type != MatType::reinforcement || !component.ConcreteExist()) return;
+  Reinforcement reinforcement = component.Concrete().GetReinforcement();
+  for (CBar& bar : reinforcement.bars) bar.SetGrade(NewGrade(grades, bar.Grade()));
+  component.Concrete().SetReinforcement(std::move(reinforcement));
+}
+
+}  // namespace
+
+std::vector<StrandedGrade> MoveToCode(const Design::CConcCodeData& from,
+                                      const Design::CConcCodeData& to, Materials& materials,
+                                      std::vector<Velmo9::VelmoSection>& sections) {
+  const std::set<Grade> used = UsedGrades(sections);
+  Materials moved;
+  std::vector<StrandedGrade> stranded;
+  for (const MatType type :
+       {MatType::concrete, MatType::reinforcement, MatType::steel, MatType::FRP}) {
+    NewGrades newGrades;
+    for (int i = 0; i < materials.NumGrades(type); ++i) {
+      const Design::CMat& grade = materials.Grade(type, i);
+      const Design::CMat* old = StandardGrade(from, type, grade.Name().View());
+      const Design::CMat* standard = StandardGrade(to, type, grade.Name().View());
+      const bool isOld = old != nullptr && grade == *old;
+      if (isOld && standard == nullptr && !used.contains({type, i})) {
+        newGrades.push_back(-1);
+        continue;
+      }
+      newGrades.push_back(moved.Add(isOld && standard != nullptr ? *standard : grade));
+      if (isOld && standard == nullptr) stranded.push_back({type, newGrades.back()});
+    }
+    for (Velmo9::VelmoSection& section : sections) {
+      for (CSecComp& component : section.Components()) Renumber(component, type, newGrades);
+    }
+    if (from.code != to.code) AddStandardGrades(to, type, moved);
+  }
+  materials = std::move(moved);
+  return stranded;
+}
+
+}  // namespace Orlix::Data
