@@ -14,7 +14,7 @@ using Numeric::CSegment;
 /// rules test them.
 enum class CurveKind : int {
   none = 0,               ///< no stress on this side
-  linear = 1,             ///< E eps; an FRP without a limit of its own breaks at strength / E
+  linear = 1,             ///< E eps; an FRP without a limit of its own breaks at its strength
   explicitPoints = 2,     ///< the curve's own table of points
   bilinear = 3,           ///< straight to the strength at epsPeak, or at strength / E without it;
                           ///< then straight to epsHardening, horizontal beyond it or without it
@@ -40,6 +40,7 @@ struct CurveShape {
   double blockFactor{1.0};  ///< eta: the block's stress over the strength
   double hardening{1.0};    ///< bilinear: stress at epsHardening over the strength
   double epsHardening{};    ///< bilinear: strain of the second branch's end; 0: horizontal
+  double slope{};           ///< linear: modulus of this side [Pa]; 0: that of the curve's scale
 
   friend bool operator==(const CurveShape&, const CurveShape&) = default;
 };

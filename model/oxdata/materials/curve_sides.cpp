@@ -36,13 +36,17 @@ bool AllFiniteAndNotNegative(std::initializer_list<double> values) {
 
 bool IsSane(const CurveShape& s, const CurveScale& scale) {
   return AllFiniteAndNotNegative({s.epsPeak, s.exponent, s.epsLimit, s.uniformLimit, s.blockStart,
-                                  s.blockFactor, s.hardening, s.epsHardening, scale.strength,
-                                  scale.modulus});
+                                  s.blockFactor, s.hardening, s.epsHardening, s.slope,
+                                  scale.strength, scale.modulus});
 }
 
-Segments Linear(const CurveScale& scale, double limit) {
-  if (!(scale.modulus > 0.0)) return {};
-  return {CSegment::Line(0.0, limit, 0.0, scale.modulus * limit)};
+double LinearModulus(const CurveShape& shape, const CurveScale& scale) {
+  return shape.slope > 0.0 ? shape.slope : scale.modulus;
+}
+
+Segments Linear(double modulus, double limit) {
+  if (!(modulus > 0.0)) return {};
+  return {CSegment::Line(0.0, limit, 0.0, modulus * limit)};
 }
 
 Segments Bilinear(const CurveShape& shape, const CurveScale& scale, double limit) {
@@ -192,7 +196,8 @@ CurveSide BuildSide(MatType type, LoadSign sign, const CurveShape& shape, const 
 
   double limit = shape.epsLimit;
   const bool brittle = type == MatType::FRP && shape.kind == CurveKind::linear;
-  if (limit == 0.0 && brittle && scale.modulus > 0.0) limit = scale.strength / scale.modulus;
+  const double modulus = LinearModulus(shape, scale);
+  if (limit == 0.0 && brittle && modulus > 0.0) limit = scale.strength / modulus;
   const bool isCap = limit == 0.0;
   if (isCap) limit = Cap(type);
   if (!std::isfinite(limit) || shape.uniformLimit > limit) return {};
@@ -201,7 +206,7 @@ CurveSide BuildSide(MatType type, LoadSign sign, const CurveShape& shape, const 
     case CurveKind::none:
       return {{CSegment::Zero(0.0, limit)}, isCap};
     case CurveKind::linear:
-      return {Linear(scale, limit), isCap};
+      return {Linear(modulus, limit), isCap};
     case CurveKind::bilinear:
       return {Bilinear(shape, scale, limit), isCap};
     case CurveKind::parabolaRectangle:
@@ -212,7 +217,7 @@ CurveSide BuildSide(MatType type, LoadSign sign, const CurveShape& shape, const 
       return {NonLinear(shape, scale, limit), isCap};
     case CurveKind::bs8110Tension:
     case CurveKind::interpolated:
-      if (sign == LoadSign::compression) return {Linear(scale, limit), isCap};
+      if (sign == LoadSign::compression) return {Linear(scale.modulus, limit), isCap};
       return {{CSegment::Zero(0.0, limit)}, isCap};
     case CurveKind::explicitPoints:
       break;

@@ -1,0 +1,162 @@
+#include "model/oxdata/materials/service_curves.h"
+
+#include <gtest/gtest.h>
+
+#include <utility>
+#include <vector>
+
+namespace Orlix::Data::Design {
+namespace {
+
+constexpr CurveScale kScale{30e6, 30e9};
+
+CurveShape Shape(CurveKind kind) {
+  CurveShape shape;
+  shape.kind = kind;
+  return shape;
+}
+
+CMatCurveParam Concrete(const CurveShape& compression, const CurveShape& tension) {
+  CMatCurveParam curve(MatType::concrete);
+  CTableT<double> points(2);
+  for (const auto& [strain, stress] : std::vector<std::pair<double, double>>{{-0.004, -20e6},
+                                                                             {-0.002, -25e6},
+                                                                             {-0.001, -15e6},
+                                                                             {0.0001, 3e6},
+                                                                             {0.0001, 1e6},
+                                                                             {0.0005, 0.0}}) {
+    points.AddRow({strain, stress});
+  }
+  curve.SetExplicitPoints(points);
+  curve.SetShapes(compression, tension, kScale);
+  return curve;
+}
+
+struct Named {
+  const char* what;
+  CMatCurveParam curve;
+};
+
+std::vector<Named> PlainCurves() {
+  using enum CurveKind;
+  CurveShape limited = Shape(linear);
+  limited.epsLimit = 0.0008;
+  CurveShape hardening = Shape(bilinear);
+  hardening.hardening = 1.2;
+  hardening.epsHardening = 0.003;
+  hardening.epsLimit = 0.004;
+  CurveShape peaked = Shape(bilinear);
+  peaked.epsPeak = 0.00175;
+  peaked.epsLimit = 0.0035;
+  CurveShape parabola = Shape(parabolaRectangle);
+  parabola.epsPeak = 0.002;
+  parabola.epsLimit = 0.0035;
+  parabola.uniformLimit = 0.002;
+  CurveShape power = parabola;
+  power.exponent = 1.5;
+  CurveShape block = Shape(rectangularBlock);
+  block.blockStart = 0.0007;
+  block.blockFactor = 0.9;
+  block.epsLimit = 0.0035;
+  CurveShape curved = Shape(nonLinear);
+  curved.epsPeak = 0.0022;
+  curved.epsLimit = 0.0035;
+  CurveShape sloped = limited;
+  sloped.slope = 12e9;
+  return {
+      {"linear", Concrete(Shape(linear), Shape(none))},
+      {"linear with a limit in tension", Concrete(Shape(linear), limited)},
+      {"linear with a slope of its own", Concrete(limited, sloped)},
+      {"bilinear", Concrete(hardening, Shape(bilinear))},
+      {"bilinear with a peak", Concrete(peaked, Shape(none))},
+      {"parabola-rectangle", Concrete(parabola, limited)},
+      {"power", Concrete(power, Shape(none))},
+      {"block", Concrete(block, Shape(none))},
+      {"non-linear", Concrete(curved, Shape(none))},
+      {"explicit", Concrete(Shape(explicitPoints), Shape(explicitPoints))},
+      {"explicit in tension", Concrete(parabola, Shape(explicitPoints))},
+  };
+}
+
+TEST(Stretched, HasTheStressOfTheStrainOverTheFactor) {
+  for (const auto& [what, curve] : PlainCurves()) {
+    SCOPED_TRACE(what);
+    EXPECT_EQ(Stretched(curve, 1.0), curve);
+    for (const double factor : {1.5, 3.7}) {
+      const CMatCurveParam got = Stretched(curve, factor);
+      ASSERT_EQ(got.Segments().size(), curve.Segments().size());
+      for (int i = -500; i <= 500; ++i) {
+        const double strain = (i + 0.3) * 1e-5;  // off the steps
+        // Some tens of roundings of up to 150 MPa.
+        EXPECT_NEAR(got.Stress(factor * strain), curve.Stress(strain), 1e-14 * 150e6) << strain;
+      }
+      EXPECT_DOUBLE_EQ(got.UniformCompressionLimit(), factor * curve.UniformCompressionLimit());
+      for (const LoadSign sign : {LoadSign::compression, LoadSign::tension}) {
+        const bool compression = sign == LoadSign::compression;
+        const double limit = compression ? curve.CompressionLimit() : curve.TensionLimit();
+        EXPECT_DOUBLE_EQ(compression ? got.CompressionLimit() : got.TensionLimit(),
+                         curve.IsLimitCap(sign) ? limit : factor * limit);
+        EXPECT_EQ(got.IsLimitCap(sign), curve.IsLimitCap(sign));
+      }
+    }
+  }
+}
+
+TEST(ServiceCurves, PlainCurvesAreTheSameBeforeAndAfterCracking) {
+  for (const auto& [what, curve] : PlainCurves()) {
+    SCOPED_TRACE(what);
+    EXPECT_EQ(UncrackedCurve(curve, 0.0), curve);
+    EXPECT_EQ(CrackedCurve(curve, 0.0, 5e9), curve);
+    EXPECT_EQ(UncrackedCurve(curve, 2.0), Stretched(curve, 3.0));
+    EXPECT_EQ(CrackedCurve(curve, 2.0, 5e9), Stretched(curve, 3.0));
+  }
+}
+
+TEST(ServiceCurves, WholeModelsMatchTheTable) {
+  const CurveKind kExplicit = CurveKind::explicitPoints;
+  const CurveKind k20 = CurveKind::bs8110Tension;
+  const CurveKind k22 = CurveKind::interpolated;
+  const struct {
+    const char* what;
+    CurveKind compression, tension;
+    double creep;
+    double modulus;         // of compression, and of tension before cracking [Pa]
+    double tensionModulus;  // given [Pa]
+    double cracked;         // modulus of tension after cracking [Pa]
+  } kCases[] = {
+      {"22", k22, k22, 0.0, 30e9, 7e9, 0.0},
+      {"22 with creep", k22, k22, 2.0, 10e9, 7e9, 0.0},
+      {"20", k20, k20, 0.0, 30e9, 7e9, 7e9},
+      {"20 with creep: the tension is given", k20, k20, 2.0, 10e9, 7e9, 7e9},
+      {"20 with a slope far below the strength", k20, k20, 0.0, 30e9, 1e5, 1e5},
+      {"20 without tension", k20, k20, 0.0, 30e9, 0.0, 0.0},
+      {"20 beside explicit compression", kExplicit, k20, 0.0, 0.0, 7e9, 7e9},
+  };
+  for (const auto& c : kCases) {
+    SCOPED_TRACE(c.what);
+    CurveShape limited = Shape(c.tension);
+    limited.epsLimit = 0.002;  // counts for nothing
+    const CMatCurveParam sls = Concrete(Shape(c.compression), limited);
+    const CMatCurveParam before = UncrackedCurve(sls, c.creep);
+    const CMatCurveParam after = CrackedCurve(sls, c.creep, c.tensionModulus);
+    const double modulus = kScale.modulus / (1 + c.creep);
+    for (const double strain : {1e-6, 1e-3, 0.5}) {
+      EXPECT_DOUBLE_EQ(before.Stress(-strain), -modulus * strain);
+      EXPECT_DOUBLE_EQ(after.Stress(-strain), -c.cracked * strain);
+      if (c.compression == kExplicit) continue;
+      EXPECT_DOUBLE_EQ(before.Stress(strain), c.modulus * strain);
+      EXPECT_DOUBLE_EQ(after.Stress(strain), c.modulus * strain);
+    }
+    for (const CMatCurveParam* curve : {&before, &after}) {
+      EXPECT_EQ(curve->TensionLimit(), 1.0);
+      EXPECT_TRUE(curve->IsLimitCap(LoadSign::tension));
+      EXPECT_EQ(curve->CompressionLimit(), c.compression == kExplicit ? 0.004 : 1.0);
+      if (c.compression == kExplicit) {
+        EXPECT_EQ(curve->Stress(0.002), 25e6);
+      }
+    }
+  }
+}
+
+}  // namespace
+}  // namespace Orlix::Data::Design
