@@ -4,6 +4,7 @@
 #include <iterator>
 #include <stdexcept>
 
+#include "model/oxdata/codes/aci318/aci318.h"
 #include "model/oxdata/codes/en1992/en1992.h"
 
 namespace Orlix::Data::Design {
@@ -20,6 +21,7 @@ constexpr Entry kEntries[] = {
      En1992::MakeData},
     {{ConcCode::en1992_2004, CCountry::Code::unitedKingdom, "EN 1992-1-1:2004", "UK"},
      En1992::MakeData},
+    {{ConcCode::aci318_2019, CCountry::Code::none, "ACI 318-19", ""}, Aci318::MakeData},
 };
 
 }  // namespace

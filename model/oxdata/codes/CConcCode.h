@@ -43,10 +43,11 @@ struct CConcCodeData {
   ConcCode code{ConcCode::en1992_2004};
   CCountry::Code country{CCountry::Code::none};
   std::string name;                       ///< for instance "EN 1992-1-1:2004"
-  std::string annex;                      ///< "recommended values" or the national annex
+  std::string annex;                      ///< "recommended values" or the national annex; "": none
   std::vector<CodeConstant> constants;    ///< national and general parameters
   std::vector<CMat> concretes;            ///< standard grades, design values included
   std::vector<CMatRebar> reinforcements;  ///< standard grades, prestressing steel after the bars
+  std::vector<CMat> steels;               ///< standard grades of structural steel
   /// Strength-reduction (phi) factors instead of partial factors; nothing: partial factors.
   std::optional<StrengthReductionRule> strengthReduction;
   bool crackWidths{};  ///< crack widths are computed
@@ -75,8 +76,8 @@ using ConcreteCode = CConcCode;
 struct CodeChoice {
   ConcCode code;
   CCountry::Code country;
-  std::string_view name;   ///< "EN 1992-1-1:2004"
-  std::string_view annex;  ///< "recommended", "UK"
+  std::string_view name;   ///< "EN 1992-1-1:2004", "ACI 318-19"
+  std::string_view annex;  ///< "recommended", "UK"; empty for a code without annexes
 };
 
 /// Every code with every annex that it has, in the order in which they are listed to users.

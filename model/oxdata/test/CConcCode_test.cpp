@@ -8,6 +8,7 @@
 #include <string>
 
 #include "model/oxdata/codes/en1992/concrete.h"
+#include "model/oxdata/materials/Materials.h"
 
 namespace Orlix::Data::Design {
 namespace {
@@ -78,8 +79,8 @@ TEST(En1992, EveryShapeMakesACurveForEveryClass) {
 
 TEST(CConcCode, ConcretesOfEn1992AreDesignValues) {
   for (const CodeChoice& choice : KnownCodes()) {
+    if (choice.code != ConcCode::en1992_2004) continue;
     const CConcCode code(choice.code, choice.country);
-    ASSERT_EQ(code.Data().name, choice.name);
     const double alpha = choice.country == CCountry::Code::unitedKingdom ? 0.85 : 1.0;
     ASSERT_EQ(code.Data().concretes.size(), std::size(kTable31));
     for (std::size_t i = 0; i < std::size(kTable31); ++i) {
@@ -108,6 +109,7 @@ TEST(CConcCode, BarsYieldAndStrandsHarden) {
   const CMatCurveParam& bar = grades[1].Curve(LoadState::ULS);
   EXPECT_DOUBLE_EQ(bar.Stress(-0.05), -500e6 / 1.15);
   EXPECT_TRUE(bar.IsLimitCap(LoadSign::tension));
+  EXPECT_DOUBLE_EQ(grades[1].Curve(LoadState::SLS).Stress(-0.05), -500e6);  // f_yk
   // Y1860S7: 1674 MPa at yield; at 20 per mille on the line to 1860 MPa at 20/0.9 per mille.
   const CMatCurveParam& strand = grades[4].Curve(LoadState::ULS);
   const double fpd = 1674e6 / 1.15;
@@ -118,8 +120,45 @@ TEST(CConcCode, BarsYieldAndStrandsHarden) {
               -(fpd + (1860e6 / 1.15 - fpd) * (0.02 - yield) / (0.02 / 0.9 - yield)), 1.0);
 }
 
+TEST(CConcCode, EveryCodeHasSoundGradesOfEveryKind) {
+  for (const CodeChoice& choice : KnownCodes()) {
+    SCOPED_TRACE(choice.name);
+    const CConcCode code(choice.code, choice.country);
+    const CConcCodeData& data = code.Data();
+    EXPECT_EQ(data.name, choice.name);
+    EXPECT_EQ(data.annex.empty(), choice.annex.empty());
+    Materials tables;  // refuses names that repeat
+    for (const CMat& grade : data.concretes) tables.Add(grade);
+    for (const CMatRebar& grade : data.reinforcements) tables.Add(grade);
+    for (const CMat& grade : data.steels) tables.Add(grade);
+    for (const MatType type : {MatType::concrete, MatType::reinforcement, MatType::steel}) {
+      EXPECT_GT(tables.NumGrades(type), 0);
+      for (int i = 0; i < tables.NumGrades(type); ++i) {
+        EXPECT_FALSE(tables.Grade(type, i).Curve(LoadState::ULS).Segments().empty());
+        EXPECT_FALSE(tables.Grade(type, i).Curve(LoadState::SLS).Segments().empty());
+      }
+    }
+  }
+}
+
+TEST(CConcCode, StructuralSteelsOfEn1992YieldUnreducedAtTheirThickness) {
+  const CConcCode code;
+  const double kYield[] = {235, 225, 275, 265, 355, 345, 460, 440};  // EN 10025
+  ASSERT_EQ(code.Data().steels.size(), std::size(kYield));
+  for (std::size_t i = 0; i < std::size(kYield); ++i) {
+    for (const LoadState state : {LoadState::ULS, LoadState::SLS}) {
+      const CMatCurveParam& curve = code.Data().steels[i].Curve(state);
+      EXPECT_DOUBLE_EQ(curve.Stress(-0.04), -kYield[i] * 1e6);
+      EXPECT_DOUBLE_EQ(curve.Stress(0.001), 210e6);
+      EXPECT_TRUE(curve.IsLimitCap(LoadSign::compression));
+    }
+  }
+}
+
 TEST(CConcCode, RefusesUnknownAnnexes) {
   EXPECT_THROW(CConcCode(ConcCode::en1992_2004, static_cast<CCountry::Code>(1)),
+               std::invalid_argument);
+  EXPECT_THROW(CConcCode(ConcCode::aci318_2019, CCountry::Code::unitedKingdom),
                std::invalid_argument);
 }
 

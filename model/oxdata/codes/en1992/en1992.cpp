@@ -12,6 +12,8 @@ constexpr double kGammaC = 1.5;
 constexpr double kGammaS = 1.15;
 constexpr double kModulusOfBars = 200 * kGPa;
 constexpr double kModulusOfStrands = 195 * kGPa;
+constexpr double kModulusOfSteel = 210 * kGPa;
+constexpr double kGammaM0 = 1.0;
 constexpr double kStrandProofRatio = 0.9;     // f_p0.1k / f_pk
 constexpr double kStrandDesignStrain = 0.02;  // eps_ud
 constexpr double kDesignStrainRatio = 0.9;    // eps_ud / eps_uk
@@ -32,6 +34,8 @@ std::vector<CodeConstant> Constants(CCountry::Code country) {
       {"gamma_s accidental", 1.0, "EN 1992-1-1, Table 2.1N"},
       {"E_s", kModulusOfBars, "EN 1992-1-1, 3.2.7(4)"},
       {"eps_ud/eps_uk", kDesignStrainRatio, "EN 1992-1-1, 3.2.7(2)"},
+      {"E_a", kModulusOfSteel, "EN 1993-1-1, 3.2.6(1)"},
+      {"gamma_M0", kGammaM0, "EN 1993-1-1, 6.1(1); EN 1994-1-1, 2.4.1.2"},
       {"E_p strand", kModulusOfStrands, "EN 1992-1-1, 3.3.6(3)"},
       {"f_p0.1k/f_pk", kStrandProofRatio, "EN 1992-1-1, 3.3.6(7)"},
       {"eps_ud prestressing", kStrandDesignStrain, "EN 1992-1-1, 3.3.6(7)"},
@@ -105,6 +109,25 @@ std::vector<CMatRebar> Reinforcements() {
           Steel(L"Y1860S7", kStrandProofRatio * 1860 * kMPa, kModulusOfStrands, StrandShape())};
 }
 
+/// Hot-rolled steels: yield strength R_eH by the thickness of the product. EN 10025-2 for S235 to
+/// S355, EN 10025-3 and -4 for S460. Elastic, then a horizontal branch without a strain limit.
+std::vector<CMat> Steels() {
+  const struct {
+    const wchar_t* name;
+    double fy;  // MPa
+  } kGrades[] = {
+      {L"S235", 235}, {L"S235 (16 to 40 mm)", 225}, {L"S275", 275}, {L"S275 (16 to 40 mm)", 265},
+      {L"S355", 355}, {L"S355 (16 to 40 mm)", 345}, {L"S460", 460}, {L"S460 (16 to 40 mm)", 440}};
+  std::vector<CMat> steels;
+  for (const auto& grade : kGrades) {
+    CMat steel(MatType::steel);
+    steel.SetName(grade.name);
+    steel.SetProperties({grade.fy * kMPa, kModulusOfSteel, 0.0, 1.0, kGammaM0});
+    steels.push_back(steel);
+  }
+  return steels;
+}
+
 }  // namespace
 
 CConcCodeData MakeData(CCountry::Code country) {
@@ -117,6 +140,7 @@ CConcCodeData MakeData(CCountry::Code country) {
   data.constants = Constants(country);
   data.concretes = Concretes(country);
   data.reinforcements = Reinforcements();
+  data.steels = Steels();
   return data;
 }
 

@@ -5,7 +5,7 @@
 namespace Orlix::Data::Design::En1992 {
 
 /// The data of EN 1992-1-1:2004 with a country's national choices: constants, concretes C12/15 to
-/// C90/105, reinforcement and strands.
+/// C90/105, reinforcement, strands and the structural steels S235 to S460.
 /// @param country  none: the recommended values
 /// @pre            the country is one of `KnownCodes` for this code.
 CConcCodeData MakeData(CCountry::Code country);
