@@ -113,7 +113,13 @@ UlsCaseSolution SolveUlsLoad(const CompiledSection& section, const Vec3<double>&
         equilibrium.converged && solution.deformationUtilisation <= 1.0 + kStatusMargin;
     return solution;
   }
-  solution.carried = equilibrium.converged && solution.loadUtilisation <= 1.0 + kStatusMargin;
+  solution.carried = solution.loadUtilisation <= 1.0 + kStatusMargin;
+  if (!equilibrium.converged && solution.carried) {
+    // At the peak of a softening section Newton finds no way, but the failure plane is the answer.
+    solution.deformation = solution.deformationAtFailure;
+    solution.deformationUtilisation =
+        Numeric::GaugeOf(section, section.ToLocal(solution.deformation)).value;
+  }
   return solution;
 }
 

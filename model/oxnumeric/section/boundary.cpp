@@ -4,7 +4,6 @@
 #include <cmath>
 
 #include "model/oxnumeric/section/Scaling.h"
-#include "model/oxnumeric/section/kernel.h"
 
 namespace Orlix::Numeric {
 namespace {
@@ -22,9 +21,11 @@ constexpr double kRegularisation = 1e-13;
 
 class BoundaryNewton {
  public:
-  BoundaryNewton(const CompiledSection& section, const LoadPath& path, double target)
+  BoundaryNewton(const CompiledSection& section, const LoadPath& path, double target,
+                 CurveForm form)
       : section_(section),
         target_(target),
+        form_(form),
         scaling_(section),
         fixed_(scaling_.Load(path.fixed)),
         scaled_(scaling_.Load(path.scaled)) {}
@@ -64,7 +65,7 @@ class BoundaryNewton {
     // The gauge is homogeneous: along a ray it scales and the active limit stays.
     at.point.plane = (target_ / g) * d;
     at.point.gauge.value = target_;
-    at.response = IntegrateWithTangent(section_, at.point.plane);
+    at.response = IntegrateWithTangent(section_, at.point.plane, form_);
     const Vec3<double> carried = scaling_.Load(at.response.force) - fixed_;
     at.point.lambda = Dot(carried, scaled_) / Dot(scaled_, scaled_);
     at.point.residual = MaxNorm(carried - at.point.lambda * scaled_);
@@ -126,6 +127,7 @@ class BoundaryNewton {
 
   const CompiledSection& section_;
   double target_;
+  CurveForm form_;
   Scaling scaling_;
   Vec3<double> fixed_;
   Vec3<double> scaled_;
@@ -134,8 +136,8 @@ class BoundaryNewton {
 }  // namespace
 
 BoundaryPoint SolveAtGauge(const CompiledSection& section, const LoadPath& path, const Plane& start,
-                           double target) {
-  return BoundaryNewton(section, path, target).Run(start);
+                           double target, CurveForm form) {
+  return BoundaryNewton(section, path, target, form).Run(start);
 }
 
 }  // namespace Orlix::Numeric

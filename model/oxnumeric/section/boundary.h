@@ -3,6 +3,7 @@
 #include "model/oxnumeric/section/CompiledSection.h"
 #include "model/oxnumeric/section/failure.h"
 #include "model/oxnumeric/section/gauge.h"
+#include "model/oxnumeric/section/kernel.h"
 
 namespace Orlix::Numeric {
 
@@ -21,6 +22,6 @@ struct BoundaryPoint {
 /// on (plane, lambda) with the active limit as fourth equation and radial return to the gauge.
 /// @param start  plane to start from; its direction counts, not its length
 BoundaryPoint SolveAtGauge(const CompiledSection& section, const LoadPath& path, const Plane& start,
-                           double target);
+                           double target, CurveForm form = CurveForm::regular);
 
 }  // namespace Orlix::Numeric

@@ -117,19 +117,23 @@ EquilibriumResult SolveEquilibrium(const CompiledSection& section, const Resulta
   Newton newton(section, load, CurveForm::exact);
   Plane d = start != nullptr ? *start : ElasticStart(section, newton.Scale(), load);
   if (section.hasSteps) {
-    // The ramp's minimum lies within the ramp's width of the exact one; where the exact curve then
-    // does not converge, the minimum sits on the step.
-    Newton ramp(section, load, CurveForm::ramp);
-    EquilibriumResult onRamp = ramp.Run(d, tolerance, options.maxIterations);
+    // From the smooth form to the exact one. The ramp's minimum lies within the ramp's width of the
+    // exact one; where a sharper form does not converge, the minimum sits on a step of it.
     constexpr int kPolish = 8;
-    EquilibriumResult exact = newton.Run(onRamp.plane, tolerance, kPolish);
-    if (exact.converged || !onRamp.converged) {
-      exact.converged = exact.residual <= options.accept * tolerance;
-      return exact;
+    Newton ramp(section, load, CurveForm::ramp);
+    Newton regular(section, load, CurveForm::regular);
+    EquilibriumResult best = ramp.Run(d, tolerance, options.maxIterations);
+    for (Newton* sharper : {&regular, &newton}) {
+      EquilibriumResult result = sharper->Run(best.plane, tolerance, kPolish);
+      if (!result.converged && best.converged) {
+        best.onStep = true;
+        best.response = IntegrateWithTangent(section, best.plane);
+        return best;
+      }
+      best = result;
     }
-    onRamp.onStep = true;
-    onRamp.response = IntegrateWithTangent(section, onRamp.plane);
-    return onRamp;
+    best.converged = best.residual <= options.accept * tolerance;
+    return best;
   }
   EquilibriumResult result = newton.Run(d, tolerance, options.maxIterations);
   result.converged = result.residual <= options.accept * tolerance;

@@ -22,8 +22,9 @@ struct EquilibriumResult {
   double residual{};    ///< |F - P| [N], scaled norm
   int iterations{};
   bool converged{};
-  /// The equilibrium sits on a stress step at no curvature, where the exact curve has no unique
-  /// stress field; the plane is that of the steep ramp instead, and the residual is the ramp's.
+  /// The equilibrium sits on a stress step, where the exact curve has no unique stress field (a
+  /// stress block at no curvature, a bar on the edge of one); the plane is that of a steep ramp in
+  /// its place, and so is the residual.
   bool onStep{};
 };
 

@@ -227,7 +227,7 @@ void AddPoints(const CompiledSection& section, const Plane& d, CurveForm form, R
   Sym3 k{};
   for (const CompiledSection::PointArea& point : section.points) {
     const StressCurve& own = section.curves[static_cast<std::size_t>(point.curve)];
-    const PiecewiseCurve& curve = form == CurveForm::exact ? own.exact : own.ramp;
+    const PiecewiseCurve& curve = form == CurveForm::ramp ? own.ramp : own.exact;
     const double z = point.position.y;
     const double minusY = -point.position.x;
     const double e = d.x + d.y * z + d.z * minusY;
@@ -236,8 +236,8 @@ void AddPoints(const CompiledSection& section, const Plane& d, CurveForm form, R
     double stress = s.Stress(es);
     double slope = kTangent ? s.Tangent(es) : 0.0;
     if (point.displacedCurve >= 0) {
-      const PiecewiseCurve& displaced =
-          section.curves[static_cast<std::size_t>(point.displacedCurve)].displaced;
+      const StressCurve& host = section.curves[static_cast<std::size_t>(point.displacedCurve)];
+      const PiecewiseCurve& displaced = form == CurveForm::exact ? host.exact : host.displaced;
       const double ec = e + point.displacedOffset;
       const CSegment& c = displaced[displaced.Locate(ec)];
       if (c.kind != SegmentKind::zero) {
@@ -270,7 +270,7 @@ Response IntegrateAll(const CompiledSection& section, const Plane& d, CurveForm 
   Response r;
   for (const CompiledSection::Region& region : section.regions) {
     const StressCurve& curve = section.curves[static_cast<std::size_t>(region.curve)];
-    AddRegion<kTangent>(region, form == CurveForm::exact ? curve.exact : curve.ramp, d, r);
+    AddRegion<kTangent>(region, form == CurveForm::ramp ? curve.ramp : curve.exact, d, r);
   }
   AddPoints<kTangent>(section, d, form, r);
   return r;

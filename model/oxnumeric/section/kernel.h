@@ -5,8 +5,12 @@
 
 namespace Orlix::Numeric {
 
-/// Which form of the curves is integrated.
-enum class CurveForm { exact, ramp };
+/// Which form of the curves is integrated. The three differ only where curves have steps.
+enum class CurveForm {
+  exact,    ///< steps everywhere
+  regular,  ///< material displaced by bars without steps: its force then has a derivative
+  ramp      ///< no steps at all
+};
 
 /// Resultant of a strain plane and its derivative.
 struct Response {

@@ -228,27 +228,28 @@ TEST(DegenerateCases, ImposedDeformationsHaveTheirDefinedAnswers) {
   }
 }
 
-// The bars at the top are strained to where the stress block begins, so that the concrete they
-// displace is on its step.
+// The load of a plane whose top bars sit on the edge of the stress block, with half of the concrete
+// they displace taken out: in equilibrium nearby with all of it taken out and with none.
 TEST(DegenerateCases, BarsOnTheStepOfAStressBlockFindTheirPlane) {
   const Numeric::CompiledSection section =
       Compile(Rectangle(Block(kBlockStress, 0.00045, 0.003)).Input());
   const double curvature = 0.004;
   const Vec3<double> plane{-0.00045 + 0.2 * curvature, -curvature, 0.0};
-  const UlsCaseSolution imposed = SolveUlsDeformation(section, plane);
-  const UlsCaseSolution loaded = SolveUlsLoad(section, imposed.load);
-  ExpectWithoutNaN(imposed);
-  ExpectWithoutNaN(loaded);
-  EXPECT_TRUE(loaded.carried);
-  EXPECT_NEAR(loaded.deformation.x, plane.x, 1e-12);
-  EXPECT_NEAR(loaded.deformation.y, plane.y, 1e-11);
-  EXPECT_NEAR(loaded.deformation.z, plane.z, 1e-11);
-  // Half of the concrete they displace is taken out.
-  const double above = kDepth / 2 - 0.2;
-  const double block = -kBlockStress * (kWidth * above - 0.5 * 2 * kBarArea);
-  const double steel = 2 * kBarArea * (-0.00045 * 200e9) +
-                       2 * kBarArea * std::min(kYield, (plane.x + 0.2 * curvature) * 200e9);
-  EXPECT_NEAR(imposed.load.x, block + steel, 1e-12 * kSquash);
+  const double above = kDepth / 2 - 0.2;  // depth of the block
+  const double block = -kBlockStress * kWidth * above;
+  const double displaced = -kBlockStress * 0.5 * 2 * kBarArea;
+  const double top = 2 * kBarArea * (-0.00045 * 200e9) - displaced;
+  const double bottom = 2 * kBarArea * std::min(kYield, (plane.x + 0.2 * curvature) * 200e9);
+  const Vec3<double> load{block + top + bottom, block * (kDepth - above) / 2 + 0.2 * (top - bottom),
+                          0.0};
+  const UlsCaseSolution s = SolveUlsLoad(section, load);
+  ExpectWithoutNaN(s);
+  EXPECT_TRUE(s.carried);
+  const Vec3<double> carried = SolveUlsDeformation(section, s.deformation).load;
+  EXPECT_NEAR(carried.x, load.x, 1e-9 * kSquash);  // ten times the equilibrium's tolerance
+  EXPECT_NEAR(carried.y, load.y, 1e-9 * kSquash);
+  EXPECT_NEAR(s.deformation.y, plane.y, 0.01 * curvature);
+  EXPECT_NEAR(s.deformation.z, 0.0, 1e-11);
 }
 
 }  // namespace

@@ -56,7 +56,7 @@ Vec3<double> FibreGrid::Force(const Vec3<double>& plane) const {
   }
   for (const TestSection::Bar& bar : section_.bars) {
     const double strain = StrainAt(plane, bar.position.x, bar.position.y);
-    const double displaced = section_.deduct ? section_.concrete.displaced(strain) : 0.0;
+    const double displaced = section_.deduct ? section_.concrete.stress(strain) : 0.0;
     add(bar.area * (section_.steel.stress(strain + bar.prestrain) - displaced), bar.position.x,
         bar.position.y);
   }

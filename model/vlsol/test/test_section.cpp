@@ -24,7 +24,6 @@ TestCurve Concrete(const std::vector<CSegment>& compression, double uniformLimit
   curve.stress = [magnitude = std::move(magnitude)](double eps) {
     return eps < 0.0 ? -magnitude(-eps) : 0.0;
   };
-  curve.displaced = curve.stress;
   curve.lower = -compression.back().to;
   curve.upper = kConcreteTensionCap;
   return curve;
@@ -62,12 +61,8 @@ TestCurve BilinearConcrete(double f, double epsPeak, double epsLimit) {
 }
 
 TestCurve Block(double f, double from, double epsLimit) {
-  TestCurve curve = Concrete({CSegment::Zero(0, from), CSegment::Constant(from, epsLimit, f)}, 0.0,
-                             [=](double e) { return e < from ? 0.0 : f; });
-  curve.displaced = [=](double eps) {
-    return -f * std::clamp(0.5 + (-eps - from) * 100e9 / f, 0.0, 1.0);
-  };
-  return curve;
+  return Concrete({CSegment::Zero(0, from), CSegment::Constant(from, epsLimit, f)}, 0.0,
+                  [=](double e) { return e < from ? 0.0 : f; });
 }
 
 TestCurve NonLinear(double f, double epsPeak, double epsLimit, double k) {
@@ -102,7 +97,7 @@ TestCurve Steel(double fy, double modulus, double epsLimit) {
   curve.input.segments = {CSegment::Constant(-epsLimit, -yield, -fy),
                           CSegment::Line(-yield, yield, -fy, fy),
                           CSegment::Constant(yield, epsLimit, fy)};
-  curve.stress = curve.displaced = [=](double eps) { return std::clamp(modulus * eps, -fy, fy); };
+  curve.stress = [=](double eps) { return std::clamp(modulus * eps, -fy, fy); };
   curve.lower = -epsLimit;
   curve.upper = epsLimit;
   return curve;

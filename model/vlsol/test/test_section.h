@@ -15,9 +15,7 @@ namespace Orlix::VlSol::Test {
 struct TestCurve {
   Numeric::CurveInput input;
   std::function<double(double)> stress;  ///< tension positive, within the limits
-  /// The same where bars displace the material: a stress step is a ramp of 100 GPa there.
-  std::function<double(double)> displaced;
-  double lower{};  ///< strain limits, tension positive
+  double lower{};                        ///< strain limits, tension positive
   double upper{};
 };
 
