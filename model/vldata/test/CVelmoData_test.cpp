@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "model/vldata/document/standard_grades.h"
 #include "model/vldata/test/test_documents.h"
 
 namespace Orlix::Data {
@@ -71,9 +72,51 @@ TEST(CVelmoData, ANewCodeTakesItsStandardGradesAlongAndLeavesEditedOnes) {
   EXPECT_EQ(Concrete(document, L"C30/37").Properties().alpha, 1.0);
 }
 
+TEST(CVelmoData, AnotherCodeAndBackIsTheSameDocument) {
+  CVelmoData document;
+  const std::string before = WriteDocument(document);
+  document.SetCodes(L"ACI 318-19");
+  EXPECT_EQ(ProblemText(document), "");
+  EXPECT_EQ(*document.getMaterials(), *StandardMaterials(document.concreteCode().Data()));
+  const std::string written = WriteDocument(document);
+  EXPECT_EQ(written.find("annex"), std::string::npos);
+  EXPECT_EQ(WriteDocument(ReadDocument(written)), written);
+  document.SetCodes(ParseText(R"({"concrete": "EN 1992-1-1:2004"})"));
+  EXPECT_EQ(ProblemText(document), "");
+  EXPECT_EQ(WriteDocument(document), before);
+}
+
+TEST(CVelmoData, GradesInUseStayUnderANewCodeAndAreReported) {
+  CVelmoData document = BlockDocument({{0.1, 0.0}, {-0.1, 0.0}});  // C30/37, B500B
+  CMat& own = document.getMaterials()->Grade(MatType::concrete, 0);  // C12/15
+  own = Edited(own, 1.3);
+  const CMat edited = own;
+  const CMat used = Concrete(document, L"C30/37");
+  document.SetCodes(L"ACI 318-19");
+  EXPECT_EQ(ProblemText(document),
+            "materials.concrete[2].name: \"C30/37\", a grade of EN 1992-1-1:2004 that stays, a "
+            "grade of ACI 318-19\n"
+            "materials.reinforcement[1].name: \"B500B\", a grade of EN 1992-1-1:2004 that stays, "
+            "a grade of ACI 318-19\n");
+  const Materials& materials = *document.getMaterials();
+  EXPECT_EQ(materials.Grade(MatType::concrete, 0), edited);
+  const CSecComp& block = document.Section(0).Components()[0];
+  EXPECT_EQ(materials.Grade(MatType::concrete, block.MaterialGrade()), used);
+  for (const CBar& bar : block.Concrete().Bars()) {
+    EXPECT_EQ(materials.Reinforcement(bar.Grade()).Name(), L"B500B");
+  }
+  const auto& aci = document.concreteCode().Data();
+  EXPECT_EQ(static_cast<std::size_t>(materials.NumGrades(MatType::concrete)),
+            2 + aci.concretes.size());
+  EXPECT_EQ(static_cast<std::size_t>(materials.NumGrades(MatType::steel)), aci.steels.size());
+  document.SetCodes(L"EN 1992-1-1:2004");
+  EXPECT_EQ(ProblemText(document), "");
+  EXPECT_EQ(Concrete(document, L"C30/37"), used);
+}
+
 TEST(CVelmoData, AWrongCodeChangesNothing) {
   for (const char* codes :
-       {R"("EN 1992")", R"({"concrete": "EN 1992-1-1:2004", "annex": ""})", R"({"annex": 1})",
+       {R"({"concrete": "ACI 318-19", "annex": "UK"})", R"("EN 1992")", R"({"concrete": "EN 1992-1-1:2004", "annex": ""})", R"({"annex": 1})",
         R"({"concrete": 3})", R"({"annex": "UK", "steel": "EN 1993"})", "3", "null"}) {
     CVelmoData document;
     const std::string before = WriteDocument(document);
@@ -95,17 +138,18 @@ TEST(CVelmoData, SetsAndResetsGrades) {
   document.ResetGrade(MatType::concrete, 4);
   EXPECT_EQ(*document.getMaterials(), *CVelmoData().getMaterials());
 
-  document.SetGrade(ParseText(R"({"type": "steel", "name": "S235", "f_k": 235e6, "E": 210e9})"),
+  document.SetGrade(ParseText(R"({"type": "steel", "name": "S240", "f_k": 240e6, "E": 210e9})"),
                     false);
-  EXPECT_EQ(document.getMaterials()->Find(MatType::steel, L"S235"), 0);
+  const int steel = document.getMaterials()->Find(MatType::steel, L"S240");
+  ASSERT_GE(steel, 0);
   const Materials before = *document.getMaterials();
-  document.ResetGrade(MatType::steel, 0);
-  document.ResetGrade(MatType::steel, 7);
+  document.ResetGrade(MatType::steel, steel);
+  document.ResetGrade(MatType::steel, 99);
   document.ResetGrade(MatType::none, 0);
   for (const char* grade :
-       {R"({"type": "steel", "name": "S275", "f_k": 275e6, "E": 210e9})",  // a new name
-        R"({"type": "steel", "name": "S235", "E": 0})", R"({"type": "wood", "name": "S235"})",
-        R"({"name": "S235"})", R"({"type": "steel", "name": ""})", R"({"type": "steel"})", "[]",
+       {R"({"type": "steel", "name": "S290", "f_k": 290e6, "E": 210e9})",  // a new name
+        R"({"type": "steel", "name": "S240", "E": 0})", R"({"type": "wood", "name": "S240"})",
+        R"({"name": "S240"})", R"({"type": "steel", "name": ""})", R"({"type": "steel"})", "[]",
         R"({"type": "concrete", "name": "C30/37", "sls": {"tension": {"curve": "none"}}})"}) {
     document.SetGrade(ParseText(grade), true);
     EXPECT_EQ(document.ReadProblems().size(), 1U) << grade << "\n" << ProblemText(document);
@@ -142,7 +186,7 @@ TEST(CVelmoData, MovesOwnGradesOfComponentsIntoTheTables) {
   EXPECT_EQ(materials.Grade(MatType::concrete, count).Name(), L"C30/37 (2)");
   EXPECT_EQ(materials.Grade(MatType::concrete, count).Properties().gamma, 1.1);
   EXPECT_EQ(moved[3].MaterialType(), MatType::steel);
-  EXPECT_EQ(materials.Grade(MatType::steel, 0).Name(), L"user-defined");
+  EXPECT_EQ(materials.Grade(MatType::steel, moved[3].MaterialGrade()).Name(), L"user-defined");
   EXPECT_EQ(moved[4].MaterialType(), MatType::concrete);
 }
 

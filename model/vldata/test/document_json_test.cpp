@@ -10,8 +10,9 @@
 namespace Orlix::Data {
 namespace {
 
-const char* const kExamples[] = {"examples/beam.json", "examples/column.json",
-                                 "examples/hollow-box-pier.json"};
+const char* const kExamples[] = {"examples/beam.json",           "examples/circular-pier.json",
+                                 "examples/column.json",         "examples/composite-column.json",
+                                 "examples/hollow-box-pier.json", "examples/l-shaped-wall.json"};
 
 std::string ExampleOfThePage() {
   const std::string page = FileText("docs/document.md");
@@ -189,8 +190,10 @@ TEST(Document, SaysWhatItCouldNotTakeOver) {
       {R"("units": {"stress": "bar"})",
        "units.stress: \"bar\", the text of a unit of this dimension\n"},
       {R"("codes": {"concrete": "EN 1"})",
-       "codes.concrete: \"EN 1\", one of \"EN 1992-1-1:2004\"\n"},
+       "codes.concrete: \"EN 1\", one of \"EN 1992-1-1:2004\", \"ACI 318-19\"\n"},
       {R"("codes": {"annex": "XX"})", "codes.annex: \"XX\", one of \"recommended\", \"UK\"\n"},
+      {R"("codes": {"concrete": "ACI 318-19", "annex": "UK"})",
+       "codes.annex: \"UK\", no annex for this code\n"},
       {R"("options": {"deductDisplacedConcrete": 1})",
        "options.deductDisplacedConcrete: 1, true or false\n"},
       {R"("materials": {"concrete": {}})", "materials.concrete: an object, an array\n"},
