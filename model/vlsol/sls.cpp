@@ -32,7 +32,7 @@ constexpr double kLimitMargin = 1e-6;
 struct State {
   Plane plane{};
   Resultant load{};
-  double tensionModulus{};
+  double tensionModulus{kInfinity};  // of the BS 8110 model; infinite: the concrete's own
   bool isValid{};
 };
 
@@ -42,7 +42,7 @@ bool IsWithinLimits(const CompiledSection& section, const Plane& plane) {
 
 State InEquilibrium(const CompiledSection& section, const Resultant& load, const Plane* start) {
   const Numeric::EquilibriumResult e = Numeric::SolveEquilibrium(section, load, start);
-  return {e.plane, e.response.force, 0.0, e.converged && IsWithinLimits(section, e.plane)};
+  return {e.plane, e.response.force, kInfinity, e.converged && IsWithinLimits(section, e.plane)};
 }
 
 double UtilisationAt(const SlsModel& model, const Plane& local) {
@@ -63,7 +63,7 @@ State CrackedUnder(const SlsModel& model, const Resultant& load, const Plane& st
 State CrackedAt(const SlsModel& model, const Plane& plane) {
   const CompiledTask& task = *model.cracked;
   if (task.bs8110Curves.empty()) {
-    return {plane, Numeric::Integrate(task.section, plane), 0.0,
+    return {plane, Numeric::Integrate(task.section, plane), kInfinity,
             IsWithinLimits(task.section, plane)};
   }
   TensionStiffenedSection stiffened(task, model.steelLevelStress);
@@ -204,7 +204,7 @@ SlsCaseSolution SolveSlsDeformation(const SlsModel& model, const Vec3<double>& p
   if (!IsFinite(plane)) return failed;
   const CompiledSection& section = model.uncracked->section;
   const Plane local = section.ToLocal(plane);
-  const State uncracked{local, Numeric::Integrate(section, local), 0.0,
+  const State uncracked{local, Numeric::Integrate(section, local), kInfinity,
                         IsWithinLimits(section, local)};
   const double utilisation = UtilisationAt(model, local);
   const State cracked = model.hasCrackedState ? CrackedAt(model, local) : uncracked;

@@ -60,11 +60,14 @@ CMatCurveParam CrackedCurve(const CMatCurveParam& sls, double creep, double tens
   CMatCurveParam curve = UncrackedCurve(sls, creep);
   const CurveKind model = sls.Kind(LoadSign::tension);
   if (!IsServiceModel(model)) return curve;
-  const bool hasTension = model == CurveKind::bs8110Tension && tensionModulus > 0.0;
-  curve.SetShapes(CurveShape(curve.Shape(LoadSign::compression)),
-                  hasTension ? LinearShape(tensionModulus) : CurveShape{},
-                  CurveScale(curve.Scale()));
-  return curve;
+  return WithTensionModulus(curve, model == CurveKind::bs8110Tension ? tensionModulus : 0.0);
+}
+
+CMatCurveParam WithTensionModulus(const CMatCurveParam& curve, double modulus) {
+  CMatCurveParam changed = curve;
+  changed.SetShapes(CurveShape(curve.Shape(LoadSign::compression)),
+                    modulus > 0.0 ? LinearShape(modulus) : CurveShape{}, CurveScale(curve.Scale()));
+  return changed;
 }
 
 }  // namespace Orlix::Data::Design

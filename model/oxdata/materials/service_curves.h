@@ -20,4 +20,8 @@ CMatCurveParam UncrackedCurve(const CMatCurveParam& sls, double creep);
 /// @param tensionModulus  slope of model 20 in tension [Pa], not stretched; 0: no tension
 CMatCurveParam CrackedCurve(const CMatCurveParam& sls, double creep, double tensionModulus);
 
+/// A curve with another slope in tension, straight from the origin; 0: no tension.
+/// @param modulus  [Pa], of the curve as it is: creep is not applied again
+CMatCurveParam WithTensionModulus(const CMatCurveParam& curve, double modulus);
+
 }  // namespace Orlix::Data::Design

@@ -61,6 +61,10 @@ struct StressCurve {
   bool upperIsCap{};
   bool hasSteps{};  ///< jumps upwards within the limits
   bool softens{};   ///< falls somewhere within the limits
+
+  /// Multiplies the stress in tension: another slope of a tension side that is straight from the
+  /// origin.
+  void ScaleTension(double factor);
 };
 
 /// Derives the solver's forms of a curve.

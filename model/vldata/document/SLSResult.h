@@ -21,7 +21,9 @@ struct SlsCaseSolution {
   /// the task's model does not interpolate.
   double zeta{std::numeric_limits<double>::infinity()};
   double crackingUtilisation{};  ///< above 1 the section is cracked
-  double tensionModulus{};       ///< BS 8110 model: slope of the concrete's tension [Pa]
+  /// BS 8110 model: slope of the concrete's tension in the cracked state [Pa], at most the
+  /// concrete's own effective modulus; +infinity: that modulus.
+  double tensionModulus{std::numeric_limits<double>::infinity()};
   bool solved{};  ///< the states that are needed have an equilibrium within the limits
 };
 
