@@ -87,7 +87,7 @@ TEST(CVelmoData, AnotherCodeAndBackIsTheSameDocument) {
 }
 
 TEST(CVelmoData, GradesInUseStayUnderANewCodeAndAreReported) {
-  CVelmoData document = BlockDocument({{0.1, 0.0}, {-0.1, 0.0}});  // C30/37, B500B
+  CVelmoData document = BlockDocument({{0.1, 0.0}, {-0.1, 0.0}});    // C30/37, B500B
   CMat& own = document.getMaterials()->Grade(MatType::concrete, 0);  // C12/15
   own = Edited(own, 1.3);
   const CMat edited = own;
@@ -116,8 +116,9 @@ TEST(CVelmoData, GradesInUseStayUnderANewCodeAndAreReported) {
 
 TEST(CVelmoData, AWrongCodeChangesNothing) {
   for (const char* codes :
-       {R"({"concrete": "ACI 318-19", "annex": "UK"})", R"("EN 1992")", R"({"concrete": "EN 1992-1-1:2004", "annex": ""})", R"({"annex": 1})",
-        R"({"concrete": 3})", R"({"annex": "UK", "steel": "EN 1993"})", "3", "null"}) {
+       {R"({"concrete": "ACI 318-19", "annex": "UK"})", R"("EN 1992")",
+        R"({"concrete": "EN 1992-1-1:2004", "annex": ""})", R"({"annex": 1})", R"({"concrete": 3})",
+        R"({"annex": "UK", "steel": "EN 1993"})", "3", "null"}) {
     CVelmoData document;
     const std::string before = WriteDocument(document);
     document.SetCodes(ParseText(codes));

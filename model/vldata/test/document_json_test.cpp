@@ -10,9 +10,12 @@
 namespace Orlix::Data {
 namespace {
 
-const char* const kExamples[] = {"examples/beam.json",           "examples/circular-pier.json",
-                                 "examples/column.json",         "examples/composite-column.json",
-                                 "examples/hollow-box-pier.json", "examples/l-shaped-wall.json"};
+const char* const kExamples[] = {"examples/beam.json",
+                                 "examples/circular-pier.json",
+                                 "examples/column.json",
+                                 "examples/composite-column.json",
+                                 "examples/hollow-box-pier.json",
+                                 "examples/l-shaped-wall.json"};
 
 std::string ExampleOfThePage() {
   const std::string page = FileText("docs/document.md");
