@@ -1,5 +1,6 @@
 #include "app/PreSolutionChecks.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <utility>
 
@@ -49,12 +50,21 @@ bool PreSolutionChecks::CheckTask(std::vector<std::string>& messages, int iSec, 
   if (!CheckSection(messages, iSec)) return false;
   // What the checks above find would be reported again by the compile step, so it is asked last.
   const VelmoSection& section = document_.Section(iSec);
-  if (!section.Task(iTask).ComputesULS()) return true;
-  for (std::string& problem :
-       SectionCompiler::Problems(document_, section, iTask, LoadState::ULS)) {
-    messages.push_back(std::move(problem));
-  }
+  const AnalysisTask& task = section.Task(iTask);
+  if (task.ComputesULS()) AddCompileProblems(messages, section, iTask, LoadState::ULS);
+  if (task.ComputesSLS()) AddCompileProblems(messages, section, iTask, LoadState::SLS);
   return messages.empty();
+}
+
+// Most problems are those of both states and are told once.
+void PreSolutionChecks::AddCompileProblems(std::vector<std::string>& messages,
+                                           const VelmoSection& section, int iTask,
+                                           LoadState state) const {
+  for (std::string& problem : SectionCompiler::Problems(document_, section, iTask, state)) {
+    if (std::find(messages.begin(), messages.end(), problem) == messages.end()) {
+      messages.push_back(std::move(problem));
+    }
+  }
 }
 
 template <class Fails>

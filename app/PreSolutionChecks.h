@@ -19,7 +19,7 @@ class PreSolutionChecks {
   /// @return whether `messages` is empty afterwards
   bool CheckSection(std::vector<std::string>& messages, int iSec) const;
   /// Appends the problems of a task, those of its section and, where there are none, what else
-  /// keeps the task from being compiled.
+  /// keeps the task from being compiled for the limit states that it computes.
   /// @return whether `messages` is empty afterwards
   bool CheckTask(std::vector<std::string>& messages, int iSec, int iTask) const;
 
@@ -34,6 +34,9 @@ class PreSolutionChecks {
   bool IsAnyComponentEnabled(int iSec, int iTask) const;
 
  private:
+  void AddCompileProblems(std::vector<std::string>& messages,
+                          const Data::Velmo9::VelmoSection& section, int iTask,
+                          LoadState state) const;
   template <class Fails>
   bool Collect(int iSec, std::vector<int>& bad, Fails fails) const;
 

@@ -104,6 +104,12 @@ class VelmoApp {
   Data::Velmo9::CaseULSDetails CaseULSDetails(int iSec, int iTask, int iCase,
                                               const Data::Velmo9::UlsOutputOptions& options,
                                               bool withPoints) const;
+  /// The serviceability record of one case; the default one when there is no such case or its input
+  /// is zero, one without a solution when the case is not solved or the model changed since.
+  /// @param withPoints  false: no point results, whatever the options want
+  Data::Velmo9::CaseSLSDetails CaseSLSDetails(int iSec, int iTask, int iCase,
+                                              const Data::Velmo9::SlsOutputOptions& options,
+                                              bool withPoints) const;
   /// The results of cases as JSON. Solves the task first when asked to or when a case has no result
   /// that belongs to the model as it is; the results stay in the document.
   /// @param[out] json  becomes an object

@@ -9,6 +9,7 @@
 #include "app/AppMessages.h"
 #include "app/VelmoApp.h"
 #include "app/model_indices.h"
+#include "app/sls_record.h"
 #include "app/uls_record.h"
 #include "model/oxutil/ForEachCase.h"
 #include "model/vldata/response/results_stamp.h"
@@ -29,10 +30,21 @@ namespace {
 // The first of `cases` that is a case of the task and has no result; the end when all have.
 std::vector<int>::const_iterator FirstUnsolved(const AnalysisTask& task,
                                                const std::vector<int>& cases) {
-  if (!task.ComputesULS()) return cases.end();
+  if (!task.ComputesULS() && !task.ComputesSLS()) return cases.end();
   return std::find_if(cases.begin(), cases.end(), [&](int iCase) {
     return HasCase(task, iCase) && !task.IsCaseAnalysed(iCase);
   });
+}
+
+// Calls use(section) with a section of the document whose task has no results of an earlier model.
+template <class Use>
+auto WithCurrentResults(const Data::CVelmoData& document, int iSec, int iTask, Use use) {
+  const VelmoSection& section = document.Section(iSec);
+  const auto& solved = section.Task(iTask).Results();
+  if (!solved || solved->stamp == ResultsStamp(document, section, iTask)) return use(section);
+  VelmoSection current = section;
+  DropOutdatedResults(document, current);
+  return use(current);
 }
 
 }  // namespace
@@ -59,6 +71,7 @@ bool VelmoApp::CompileCaseResults(int iSec, int iTask, const std::vector<int>& c
     CaseRecords& slot = slots[static_cast<std::size_t>(i)];
     slot.first = cases[static_cast<std::size_t>(i)];
     slot.second.first = UlsRecord(document_, section, iTask, slot.first, options.uls, true);
+    slot.second.second = SlsRecord(document_, section, iSec, iTask, slot.first, options.sls, true);
   });
   results.insert(results.end(), std::make_move_iterator(slots.begin()),
                  std::make_move_iterator(slots.end()));
@@ -69,14 +82,18 @@ Data::Velmo9::CaseULSDetails VelmoApp::CaseULSDetails(int iSec, int iTask, int i
                                                       const Data::Velmo9::UlsOutputOptions& options,
                                                       bool withPoints) const {
   if (!options.IsOutputWanted() || !HasCase(document_, iSec, iTask, iCase)) return {};
-  const VelmoSection& section = document_.Section(iSec);
-  const auto& solved = section.Task(iTask).Results();
-  if (!solved || solved->stamp == ResultsStamp(document_, section, iTask)) {
+  return WithCurrentResults(document_, iSec, iTask, [&](const VelmoSection& section) {
     return UlsRecord(document_, section, iTask, iCase, options, withPoints);
-  }
-  VelmoSection current = section;
-  DropOutdatedResults(document_, current);
-  return UlsRecord(document_, current, iTask, iCase, options, withPoints);
+  });
+}
+
+Data::Velmo9::CaseSLSDetails VelmoApp::CaseSLSDetails(int iSec, int iTask, int iCase,
+                                                      const Data::Velmo9::SlsOutputOptions& options,
+                                                      bool withPoints) const {
+  if (!options.IsOutputWanted() || !HasCase(document_, iSec, iTask, iCase)) return {};
+  return WithCurrentResults(document_, iSec, iTask, [&](const VelmoSection& section) {
+    return SlsRecord(document_, section, iSec, iTask, iCase, options, withPoints);
+  });
 }
 
 bool VelmoApp::GetCaseResults(int iSec, int iTask, const std::vector<int>& cases,
@@ -111,6 +128,9 @@ bool VelmoApp::GetCaseResults(int iSec, int iTask, const std::vector<int>& cases
     object.AddMember("iCase", cases[i], allocator);
     if (task.ComputesULS()) {
       builder.AddUlsCaseResultsToJson(object, records[i].second.first, task.Action());
+    }
+    if (task.ComputesSLS()) {
+      builder.AddSlsCaseResultsToJson(object, records[i].second.second, task.Action());
     }
     results.PushBack(object, allocator);
   }

@@ -48,7 +48,7 @@ TEST(PreSolutionChecks, EveryProblemIsOneMessage) {
        },
        {"Components 2 and 4 have no material types."}},
       {"no grade",
-       [](CVelmoData&, auto& c) { c[0].SetMaterial(MatType::steel, 0); },
+       [](CVelmoData&, auto& c) { c[0].SetMaterial(MatType::FRP, 0); },
        {"Component 1 does not have a valid material grade."}},
       {"no grades",
        [](CVelmoData&, auto& c) {
@@ -126,8 +126,14 @@ TEST(PreSolutionChecks, WhatOnlyTheCompileStepFindsIsReported) {
   column.Concrete().SetReinforcement(bars);
   Messages messages;
   EXPECT_TRUE(PreSolutionChecks(document).CheckSection(messages, 0));
-  EXPECT_FALSE(PreSolutionChecks(document).CheckTask(messages, 0, 0));
-  EXPECT_EQ(messages.size(), 1U);
+  for (const bool uls : {false, true}) {
+    for (const bool sls : {false, true}) {
+      document.getSection(0).Task(0).SetLimitStates(uls, sls);
+      messages.clear();
+      EXPECT_EQ(PreSolutionChecks(document).CheckTask(messages, 0, 0), !uls && !sls);
+      EXPECT_EQ(messages.size(), uls || sls ? 1U : 0U);  // once, though it is one of both states
+    }
+  }
 }
 
 TEST(StringifyVectorInts, PutsAndBeforeTheLast) {

@@ -173,6 +173,7 @@ TEST_F(VelmoAppResults, ATaskWithoutUltimateLimitStateIsNotFailed) {
   Task().SetLimitStates(false, true);
   ASSERT_TRUE(Compile({0, 1}));
   EXPECT_EQ(records[1].second.first.load, VelmoLoad());
+  Task().SetLimitStates(false, false);
   ASSERT_TRUE(Get({1}));
   EXPECT_EQ(json["results"][0].MemberCount(), 1U);  // iCase alone
 }

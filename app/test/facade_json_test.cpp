@@ -133,7 +133,9 @@ void CheckOptions(const Util::JsonDocument& json) {
   EXPECT_TRUE(options.uls.utilisations && options.uls.deformationAtFailure);
   EXPECT_TRUE(options.uls.loadAtFailure && options.uls.loadUnderDeformation);
   EXPECT_TRUE(options.uls.deformationUnderLoad);
-  EXPECT_FALSE(options.uls.pointResults || options.sls.IsOutputWanted());
+  EXPECT_FALSE(options.uls.pointResults || options.sls.pointResults);
+  EXPECT_TRUE(options.sls.deformations && options.sls.stiffness);
+  EXPECT_FALSE(options.sls.loads || options.sls.crackWidth);
 }
 
 TEST(FacadeJson, EveryInputOfThePageDoesWhatItSays) {
@@ -168,8 +170,18 @@ TEST(FacadeJson, EveryResultOfThePageIsWhatTheFacadeGives) {
     task.addCase({"", {-0.003, 0.01, 0.0}});
   });
   ExpectCaseResults(examples.at("GetCaseResults none"), [](AnalysisTask& task) {
-    task.SetLimitStates(false, true);
+    task.SetLimitStates(false, false);
     task.addCase();
+  });
+  ExpectCaseResults(examples.at("GetCaseResults service loads"), [](AnalysisTask& task) {
+    task.SetLimitStates(false, true);
+    task.addCase({"", {-100e3, 60e3, 0.0}});
+    task.addCase({"", {9e6, 0.0, 0.0}});
+  });
+  ExpectCaseResults(examples.at("GetCaseResults service deformations"), [](AnalysisTask& task) {
+    task.SetLimitStates(false, true);
+    task.SetAction(LoadAction::deformation);
+    task.addCase({"", {0.0002, 0.002, 0.001}});
   });
 }
 
