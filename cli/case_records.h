@@ -14,10 +14,13 @@ namespace Orlix::Cli {
 /// records with all their points stay small.
 inline constexpr std::size_t kBlock = 2048;
 
-/// Calls use(iCase, record) for the cases of a solved task, in order.
+/// Calls use(iCase, record) for the cases of a solved task, in order, with the record of one limit
+/// state.
 /// @throws CommandError when a case has no result.
-void ForEachRecord(const VelmoApp& app, int iSec, int iTask, std::span<const int> cases,
-                   const std::function<void(int, const Data::Velmo9::CaseULSDetails&)>& use);
+void ForEachUlsRecord(const VelmoApp& app, int iSec, int iTask, std::span<const int> cases,
+                      const std::function<void(int, const Data::Velmo9::CaseULSDetails&)>& use);
+void ForEachSlsRecord(const VelmoApp& app, int iSec, int iTask, std::span<const int> cases,
+                      const std::function<void(int, const Data::Velmo9::CaseSLSDetails&)>& use);
 
 /// The number that ranks a case: how far its input goes towards what the section bears.
 double GoverningUtilisation(const Data::Velmo9::UlSResult& result, LoadAction action);

@@ -27,7 +27,10 @@ void Add(const Data::CSecComp& component, Numeric::AreaMoments& sum) {
 
 GrossArea From(const Numeric::AreaMoments& sum) {
   if (!(sum.area > 0.0)) return {};
-  return {sum.area, {sum.sy / sum.area, sum.sz / sum.area}};
+  // A centroid in the origin comes out as rounding of the section's size.
+  const double noise = 1e-12 * std::sqrt(sum.area);
+  const auto cleaned = [noise](double value) { return std::abs(value) < noise ? 0.0 : value; };
+  return {sum.area, {cleaned(sum.sy / sum.area), cleaned(sum.sz / sum.area)}};
 }
 
 }  // namespace

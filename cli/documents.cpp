@@ -72,4 +72,9 @@ void SaveDocument(VelmoApp& app, const std::filesystem::path& path) {
   }
 }
 
+std::string CodeText(const Data::CVelmoData& document) {
+  const auto code = document.CodePointer();
+  return code->annex.empty() ? code->name : code->name + " (" + code->annex + ")";
+}
+
 }  // namespace Orlix::Cli

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <string>
 
 #include "app/VelmoApp.h"
 
@@ -18,5 +19,8 @@ VelmoApp OpenForUse(const std::filesystem::path& path);
 /// there is replaced only when the new one is complete.
 /// @throws CommandError when the file cannot be written or reads back differently.
 void SaveDocument(VelmoApp& app, const std::filesystem::path& path);
+
+/// The design code and, where it has one, its annex: "EN 1992-1-1:2004 (UK)".
+std::string CodeText(const Data::CVelmoData& document);
 
 }  // namespace Orlix::Cli

@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <filesystem>
+#include <initializer_list>
 #include <iostream>
 #include <memory>
 #include <string>
@@ -24,9 +25,9 @@ struct Arguments {
   std::string title;
   std::string section;
   std::string code;
-  std::string annex{"recommended"};
-  std::string concrete{"C30/37"};
-  std::string reinforcement{"B500B"};
+  std::string annex;
+  std::string concrete;
+  std::string reinforcement;
   std::vector<std::string> units;
   bool force{};
 };
@@ -45,13 +46,15 @@ const Data::Design::CodeChoice& FindCode(const Arguments& arguments) {
   std::vector<std::string> known;
   for (const Data::Design::CodeChoice& choice : Data::Design::KnownCodes()) {
     if ((arguments.code.empty() || choice.name == arguments.code) &&
-        choice.annex == arguments.annex) {
+        (arguments.annex.empty() || choice.annex == arguments.annex)) {
       return choice;
     }
-    known.push_back(std::string(choice.name) + " (" + std::string(choice.annex) + ")");
+    known.push_back(std::string(choice.name) +
+                    (choice.annex.empty() ? "" : " (" + std::string(choice.annex) + ")"));
   }
-  throw CommandError("code \"" + arguments.code + "\" with annex \"" + arguments.annex +
-                     "\" is not known; codes and annexes: " + Joined(known));
+  throw CommandError((arguments.code.empty() ? "" : "code \"" + arguments.code + "\" ") +
+                     (arguments.annex.empty() ? "" : "with annex \"" + arguments.annex + "\" ") +
+                     "is not known; codes and annexes: " + Joined(known));
 }
 
 void SetCode(VelmoApp& app, const Arguments& arguments) {
@@ -59,7 +62,7 @@ void SetCode(VelmoApp& app, const Arguments& arguments) {
   Util::JsonDocument json(rapidjson::kObjectType);
   auto& allocator = json.GetAllocator();
   json.AddMember("concrete", std::string(choice.name), allocator);
-  json.AddMember("annex", std::string(choice.annex), allocator);
+  if (!choice.annex.empty()) json.AddMember("annex", std::string(choice.annex), allocator);
   app.setCodes(json);
 }
 
@@ -85,8 +88,14 @@ Data::CUnit UnitsFrom(const std::vector<std::string>& items) {
   return units;
 }
 
-int FindGrade(const VelmoApp& app, MatType type, const std::string& name) {
+// The grade that is asked for; without a name the usual one of the code.
+int FindGrade(const VelmoApp& app, MatType type, const std::string& name,
+              std::initializer_list<const wchar_t*> usual) {
   const Data::Materials& materials = *app.pData()->getMaterials();
+  for (const wchar_t* candidate : usual) {
+    const int grade = name.empty() ? materials.Find(type, candidate) : -1;
+    if (grade >= 0) return grade;
+  }
   const int grade = materials.Find(type, to_wstring(name));
   if (grade >= 0) return grade;
   std::vector<std::string> known;
@@ -104,9 +113,10 @@ int Run(const Arguments& arguments) {
   app.New(cstr(arguments.title), UnitsFrom(arguments.units));
   SetCode(app, arguments);
   if (!arguments.section.empty()) {
-    AddTemplate(*app.pData(), arguments.section,
-                FindGrade(app, MatType::concrete, arguments.concrete),
-                FindGrade(app, MatType::reinforcement, arguments.reinforcement));
+    AddTemplate(
+        *app.pData(), arguments.section,
+        FindGrade(app, MatType::concrete, arguments.concrete, {L"C30/37", L"f'c 30 MPa"}),
+        FindGrade(app, MatType::reinforcement, arguments.reinforcement, {L"B500B", L"Grade 60"}));
   }
   SaveDocument(app, arguments.out);
   std::cout << arguments.out << ": written";
@@ -126,12 +136,12 @@ void AddNewCommand(CLI::App& program, int& exitCode) {
       ->check(CLI::IsMember(TemplateNames()));
   command->add_option("--title", arguments->title, "Title of the project");
   command->add_option("--code", arguments->code, "Design code, e.g. \"EN 1992-1-1:2004\"");
-  command->add_option("--annex", arguments->annex, "National annex, e.g. UK")
-      ->capture_default_str();
-  command->add_option("--concrete", arguments->concrete, "Concrete grade of the template")
-      ->capture_default_str();
-  command->add_option("--rebar", arguments->reinforcement, "Reinforcement grade of the template")
-      ->capture_default_str();
+  command->add_option("--annex", arguments->annex,
+                      "National annex, e.g. UK; the code's first one without it");
+  command->add_option("--concrete", arguments->concrete,
+                      "Concrete grade of the template; C30/37 or like it without it");
+  command->add_option("--rebar", arguments->reinforcement,
+                      "Reinforcement grade of the template; B500B or like it without it");
   command->add_option("--units", arguments->units, "Display units, e.g. force=kN,stress=MPa")
       ->delimiter(',');
   command->add_flag("--force", arguments->force, "Replace a file that is there");

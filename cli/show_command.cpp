@@ -40,8 +40,7 @@ void PrintHeading(const CVelmoData& document) {
   for (const auto& title : kTitles) {
     if (!title.text.empty()) std::cout << title.what << ": " << Printable(title.text) << '\n';
   }
-  const auto code = document.CodePointer();
-  std::cout << "Code: " << code->name << " (" << code->annex << ")\n";
+  std::cout << "Code: " << CodeText(document) << '\n';
 
   const UnitText units(document.Units());
   std::cout << "Units: force " << units.Unit(Dimension::force) << ", length "
@@ -143,6 +142,29 @@ int Waiting(const AnalysisTask& task) {
   return waiting;
 }
 
+std::string LoadTermText(const Data::Velmo9::CreepSettings& creep) {
+  switch (creep.term) {
+    case Data::Velmo9::LoadTerm::shortTerm:
+      return "short-term loads";
+    case Data::Velmo9::LoadTerm::longTerm:
+      return "long-term loads, creep coefficient " + StringFrom(creep.creepCoefficient);
+    case Data::Velmo9::LoadTerm::intermediate:
+      break;
+  }
+  return "loads of which " + StringFrom(100.0 * creep.longTermShare) +
+         " % act long, creep coefficient " + StringFrom(creep.creepCoefficient);
+}
+
+// What a task says beyond its cases, each where it has an effect or was set.
+void PrintSettings(const AnalysisTask& task) {
+  if (task.ComputesSLS()) std::cout << "  in service: " << LoadTermText(task.Creep()) << '\n';
+  if (!task.PhiFactors()) return;
+  const Data::Velmo9::CustomPhi& phi = *task.PhiFactors();
+  std::cout << "  strength reduction of its own: phi " << StringFrom(phi.phiCompression)
+            << " up to a net tensile strain of " << StringFrom(phi.compressionStrain) << ", "
+            << StringFrom(phi.phiTension) << " from " << StringFrom(phi.tensionStrain) << " on\n";
+}
+
 void PrintTasks(const VelmoSection& section) {
   int number = 0;
   for (const AnalysisTask& task : section.Tasks()) {
@@ -154,6 +176,7 @@ void PrintTasks(const VelmoSection& section) {
               << (task.Action() == LoadAction::load ? "loads" : "deformations") << ", "
               << task.NumCases() << (task.NumCases() == 1 ? " case, " : " cases, ") << Waiting(task)
               << " waiting to be solved\n";
+    PrintSettings(task);
   }
 }
 
@@ -164,9 +187,17 @@ int Run(const std::string& path) {
   PrintMaterials(document);
   int number = 0;
   for (const VelmoSection& section : document.Sections()) {
-    std::cout << "\nSection " << ++number << " \"" << Printable(to_string(section.Name()))
-              << "\", reinforcement " << StringFrom(section.RebarPercentage())
-              << " % of the gross concrete\n";
+    std::cout << "\nSection " << ++number << " \"" << Printable(to_string(section.Name())) << '"';
+    if (GrossConcreteOf(section).area > 0.0) {
+      std::cout << ", reinforcement " << StringFrom(section.RebarPercentage())
+                << " % of the gross concrete";
+    }
+    // Partial factors do not ask how bars are confined.
+    const bool isSpiral = section.Confinement() == Data::Confinement::spiral;
+    if (isSpiral || document.concreteCode().IsStrengthReduction()) {
+      std::cout << ", confined by " << (isSpiral ? "a spiral" : "ties");
+    }
+    std::cout << '\n';
     if (!section.Components().empty()) PrintComponents(document, section);
     PrintTasks(section);
   }

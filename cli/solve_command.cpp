@@ -1,4 +1,5 @@
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <cstddef>
 #include <iostream>
 #include <limits>
@@ -14,6 +15,7 @@
 #include "cli/documents.h"
 #include "cli/number_list.h"
 #include "cli/printable.h"
+#include "cli/sls_table.h"
 #include "cli/solve_json.h"
 #include "cli/solve_table.h"
 #include "model/oxutil/text.h"
@@ -46,8 +48,9 @@ constexpr const char* kExample = R"(Example:
   velmo solve column.json --section 1 --task 1 --cases 1-2,4 --json -o results.json
   velmo solve column.json --case 3
 
-The table is in the document's units, JSON in SI units. Exit status 1 when checks fail; cases that
-are not carried are results and give 0, or 1 with --strict.)";
+Tables, one for each limit state, are in the document's units, JSON in SI units. Exit status 1 when
+checks fail; cases that are not carried, or have no solution in service, are results and give 0, or
+1 with --strict.)";
 
 /// A task with the cases that are asked for.
 struct Job {
@@ -90,48 +93,58 @@ bool Solved(VelmoApp& app, const Job& job) {
     return false;
   }
   VelmoSection& section = app.pData()->getSection(job.iSec);
-  if (section.Task(job.iTask).ComputesSLS()) {
-    std::cerr << place << "SLS results are asked for; this version computes ULS only\n";
-  }
   app.SolveTask(section, job.iTask);
   const AnalysisTask& task = section.Task(job.iTask);
-  if (task.ComputesULS() && task.NumCases() > 0 && !task.IsCaseAnalysed(0)) {
+  if ((task.ComputesULS() || task.ComputesSLS()) && task.NumCases() > 0 &&
+      !task.IsCaseAnalysed(0)) {
     throw CommandError(place + "passed all checks, yet could not be solved");
   }
   return true;
 }
 
-void PrintTitle(const CVelmoData& document, const Job& job, std::ostream& out) {
+void PrintTitle(const CVelmoData& document, const Job& job, const char* limitState,
+                std::ostream& out) {
   const VelmoSection& section = document.Section(job.iSec);
   const AnalysisTask& task = section.Task(job.iTask);
   const auto quoted = [](const std::string& name) {
     return name.empty() ? std::string() : " \"" + Printable(name) + "\"";
   };
   out << "Section " << job.iSec + 1 << quoted(to_string(section.Name())) << ", task "
-      << job.iTask + 1 << quoted(task.Name()) << ": ULS under "
+      << job.iTask + 1 << quoted(task.Name()) << ": " << limitState << " under "
       << (task.Action() == LoadAction::load ? "loads" : "deformations") << ", "
-      << document.CodePointer()->name << " (" << document.CodePointer()->annex << ")\n\n";
+      << CodeText(document) << "\n\n";
 }
 
+// The one or two accounts of a task.
 void PrintText(const VelmoApp& app, const Job& job, const Arguments& arguments, std::ostream& out) {
   const CVelmoData& document = *app.pData();
-  if (!document.Section(job.iSec).Task(job.iTask).ComputesULS()) return;
-  PrintTitle(document, job, out);
-  if (arguments.details || !arguments.oneCase.empty()) {
-    PrintCaseDetails(app, job.iSec, job.iTask, job.cases, out);
+  const AnalysisTask& task = document.Section(job.iSec).Task(job.iTask);
+  const bool inFull = arguments.details || !arguments.oneCase.empty();
+  const std::size_t limit = arguments.all ? std::numeric_limits<std::size_t>::max() : kLines;
+  if (task.ComputesULS()) {
+    PrintTitle(document, job, "ULS", out);
+    if (inFull) {
+      PrintCaseDetails(app, job.iSec, job.iTask, job.cases, out);
+    } else {
+      PrintCaseTable(app, job.iSec, job.iTask, job.cases, limit, out);
+    }
+  }
+  if (!task.ComputesSLS()) return;
+  if (task.ComputesULS()) out << '\n';
+  PrintTitle(document, job, "SLS", out);
+  if (inFull) {
+    PrintSlsDetails(app, job.iSec, job.iTask, job.cases, out);
   } else {
-    const std::size_t limit = arguments.all ? std::numeric_limits<std::size_t>::max() : kLines;
-    PrintCaseTable(app, job.iSec, job.iTask, job.cases, limit, out);
+    PrintSlsTable(app, job.iSec, job.iTask, job.cases, limit, out);
   }
 }
 
 bool IsAllCarried(const CVelmoData& document, const Job& job) {
   const AnalysisTask& task = document.Section(job.iSec).Task(job.iTask);
-  if (!task.ComputesULS()) return true;
-  for (const int iCase : job.cases) {
-    if (task.ULSResult(iCase, false).IsFail()) return false;
-  }
-  return true;
+  return std::none_of(job.cases.begin(), job.cases.end(), [&](int iCase) {
+    return task.ULSResult(iCase, false).IsFail() ||
+           task.SLSResult(iCase, false, true, false).IsFail();
+  });
 }
 
 /// What solving gave.

@@ -12,6 +12,7 @@
 #include "cli/UnitText.h"
 #include "cli/case_records.h"
 #include "cli/concrete_facts.h"
+#include "model/oxutil/StringFrom.h"
 #include "results/NeutralAxisCalculator.h"
 
 namespace Orlix::Cli {
@@ -65,7 +66,7 @@ std::vector<Rank> Ranked(const AnalysisTask& task, const std::vector<int>& cases
   return ranks;
 }
 
-TextTable MakeTable(const UnitText& units, bool isLoad) {
+TextTable MakeTable(const UnitText& units, bool isLoad, bool hasFactor) {
   const std::string force = units.Unit(Dimension::force);
   const std::string moment = units.Unit(Dimension::moment);
   TextTable table;
@@ -81,6 +82,7 @@ TextTable MakeTable(const UnitText& units, bool isLoad) {
   table.AddColumn("Mzz", moment);
   table.AddColumn("utilisation", "");
   table.AddColumn("M/Mu", "");
+  if (hasFactor) table.AddColumn("phi", "");
   table.AddColumn("status", "", Align::left);
   if (isLoad) {
     table.AddColumn("N fail", force);
@@ -95,7 +97,7 @@ TextTable MakeTable(const UnitText& units, bool isLoad) {
 }
 
 std::vector<std::string> Cells(const Rank& rank, const CaseULSDetails& record,
-                               const AnalysisTask& task, const UnitText& units) {
+                               const AnalysisTask& task, const UnitText& units, bool hasFactor) {
   const bool isLoad = task.Action() == LoadAction::load;
   std::vector<std::string> cells = {std::to_string(rank.iCase + 1),
                                     task.Cases()[static_cast<std::size_t>(rank.iCase)].name};
@@ -106,6 +108,7 @@ std::vector<std::string> Cells(const Rank& rank, const CaseULSDetails& record,
   append(units.Load(record.load));
   cells.push_back(UtilisationText(rank.utilisation));
   cells.push_back(UtilisationText(record.momentRatio));
+  if (hasFactor) cells.push_back(rank.carried ? StringFrom(record.reductionFactor) : "-");
   cells.push_back(std::string(rank.carried ? "OK" : "FAILS") + (rank.atCap ? "*" : ""));
   if (isLoad) append(units.LoadAtFailure(record.loadAtFailure));
   const NeutralAxisData axis = NeutralAxisCalculator::ComputeNeutralAxisData(record.deformation);
@@ -138,12 +141,13 @@ void PrintCaseTable(const VelmoApp& app, int iSec, int iTask, const std::vector<
     return;
   }
   const UnitText units(app.pData()->Units());
-  TextTable table = MakeTable(units, task.Action() == LoadAction::load);
+  const bool hasFactor = app.pData()->concreteCode().IsStrengthReduction();
+  TextTable table = MakeTable(units, task.Action() == LoadAction::load, hasFactor);
   std::vector<int> shown;
   for (std::size_t i = 0; i < std::min(limit, ranks.size()); ++i) shown.push_back(ranks[i].iCase);
   auto rank = ranks.begin();
-  ForEachRecord(app, iSec, iTask, shown, [&](int, const CaseULSDetails& record) {
-    table.AddRow(Cells(*rank++, record, task, units));
+  ForEachUlsRecord(app, iSec, iTask, shown, [&](int, const CaseULSDetails& record) {
+    table.AddRow(Cells(*rank++, record, task, units, hasFactor));
   });
   table.Print(out);
   PrintCounts(ranks, shown.size(), out);
@@ -155,24 +159,21 @@ void PrintCaseTable(const VelmoApp& app, int iSec, int iTask, const std::vector<
     out << "A utilisation up to 1e-6 above 1 counts as carried: the capacity is found that "
            "closely\n";
   }
+  if (hasFactor) out << "phi: strength reduction factor, part of the capacity\n";
   out << "concrete: the most compressed point of the outlines; bar: the largest stress of a bar\n";
   PrintReadingRules(app, iSec, out);
 }
 
 void PrintReadingRules(const VelmoApp& app, int iSec, std::ostream& out) {
   out << "Signs: tension positive; positive Myy puts tension on the +z side, positive Mzz on the "
-         "-y "
-         "side\n"
+         "-y side\n"
       << "Loads act at the section's origin";
   const GrossArea gross = GrossConcreteOf(app.pData()->Section(iSec));
   if (gross.area > 0.0) {
     const UnitText units(app.pData()->Units());
     const std::string unit = " " + units.Unit(Dimension::sectionDimensions);
-    // A centroid in the origin comes out as rounding of the section's size.
-    const double noise = 1e-12 * std::sqrt(gross.area);
     const auto text = [&](double value) {
-      return units.Value(std::abs(value) < noise ? 0.0 : value, Dimension::sectionDimensions) +
-             unit;
+      return units.Value(value, Dimension::sectionDimensions) + unit;
     };
     out << "; the gross concrete centroid is at y = " << text(gross.centroid.x)
         << ", z = " << text(gross.centroid.y);

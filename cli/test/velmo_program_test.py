@@ -158,12 +158,80 @@ class Velmo(unittest.TestCase):
         self.run_velmo("solve", "a.json", "--strict", exit_code=1)
         self.assertIn("NOT carried", self.run_velmo("solve", "a.json", "--case", "2").stdout)
 
-    def test_a_task_that_asks_for_serviceability_says_what_is_missing(self):
+    def test_a_task_of_both_limit_states_has_two_tables(self):
         self.run_velmo("new", "a.json", "--template", "beam")
-        self.change("a.json", lambda d: d["sections"][0]["tasks"][0].update(sls=True))
-        done = self.run_velmo("solve", "a.json")
-        self.assertIn("ULS only", done.stderr)
-        self.assertIn("2 carried", done.stdout)
+        def both(document):
+            task = document["sections"][0]["tasks"][0]
+            task.update(sls=True, loadTerm="long", creep=2.0)
+            task["cases"] += [{"name": "empty"}, {"name": "pull", "N": 9e6}]
+        self.change("a.json", both)
+        table = self.run_velmo("solve", "a.json").stdout
+        self.assertIn("ULS under loads", table)
+        self.assertIn("SLS under loads", table)
+        self.assertIn("1 cracked, 2 not cracked, 1 without a solution", table)
+        service = table[table.index("SLS under loads"):].splitlines()
+        rows = {line.split()[1]: line.split() for line in service if line[:6].strip().isdigit()}
+        self.assertEqual(list(rows), ["pull", "sagging", "hogging", "empty"])  # the worst first
+        self.assertIn("NO", rows["pull"])
+        self.assertEqual(rows["empty"][-11:], ["-"] * 11)
+        zeta, curvature, stiffness = (float(rows["sagging"][i]) for i in (7, 9, 11))
+        self.assertTrue(0.0 < zeta < 1.0)
+        self.assertAlmostEqual(stiffness * curvature / 1000.0, -280.0, delta=0.01)  # six digits
+        self.run_velmo("solve", "a.json", "--cases", "1-3", "--strict")
+        self.run_velmo("solve", "a.json", "--cases", "4", "--strict", exit_code=1)
+        full = self.run_velmo("solve", "a.json", "--case", "1").stdout
+        for text in ["Secant stiffness", "interpolated", "stress II", "force II", "zeta"]:
+            self.assertIn(text, full)
+        self.assertIn("nothing applied", self.run_velmo("solve", "a.json", "--case", "3").stdout)
+        shown = self.run_velmo("show", "a.json").stdout
+        self.assertIn("long-term loads, creep coefficient 2", shown)
+        result = json.loads(self.run_velmo("solve", "a.json", "--json").stdout)[0]["results"][0]
+        self.assertIn("slsStressStrainSummary", result)
+        self.assertIn("stressStrainSummary", result)
+
+    def test_a_task_in_service_alone_has_one_table(self):
+        self.run_velmo("new", "a.json", "--template", "beam")
+        self.change("a.json", lambda d: d["sections"][0]["tasks"][0].update(
+            uls=False, sls=True, action="deformation", cases=[{"eps": -1e-4, "kyy": -1e-3}]))
+        table = self.run_velmo("solve", "a.json").stdout
+        self.assertNotIn("ULS", table)
+        self.assertIn("SLS under deformations", table)
+        self.assertIn("cracked", table)
+
+    def test_a_code_that_reduces_strength(self):
+        self.run_velmo("new", "a.json", "--template", "circle", "--code", "ACI 318-19")
+        def spiral(document):
+            section = document["sections"][0]
+            section["confinement"] = "spiral"
+            section["tasks"][0]["phiFactors"] = {
+                "compressionStrain": 0.0021, "tensionStrain": 0.0051, "phiCompression": 0.7,
+                "phiTension": 0.85}
+        shown = self.run_velmo("show", "a.json").stdout
+        self.assertIn("Code: ACI 318-19\n", shown)
+        self.assertIn("confined by ties", shown)
+        self.assertIn("phi", self.run_velmo("solve", "a.json").stdout)
+        self.change("a.json", spiral)
+        shown = self.run_velmo("show", "a.json").stdout
+        self.assertIn("confined by a spiral", shown)
+        self.assertIn("phi 0.7 up to a net tensile strain of 0.0021, 0.85 from 0.0051 on", shown)
+        lines = self.run_velmo("solve", "a.json").stdout.splitlines()
+        column = lines[2].split().index("phi")
+        factors = [float(line.split()[column]) for line in lines if line[:6].strip().isdigit()]
+        self.assertEqual(len(factors), 2)
+        self.assertTrue(all(0.7 <= factor <= 0.85 for factor in factors))
+
+    def test_components_of_steel_are_shown(self):
+        self.run_velmo("new", "a.json", "--template", "rectangle")
+        self.change("a.json", lambda d: d["sections"][0]["components"].append(
+            {"name": "plate", "material": "steel", "grade": "S355",
+             "geometry": {"shape": "rectangle", "width": 0.3, "depth": 0.01,
+                          "centre": [0.0, 0.255]}}))
+        self.assertIn("S355", self.run_velmo("show", "a.json").stdout)
+        self.assertRegex(self.run_velmo("solve", "a.json", "--case", "1").stdout,
+                         r"2 +steel +S355")
+        self.change("a.json", lambda d: d["sections"][0]["components"].pop(0))
+        self.assertNotIn("gross concrete", self.run_velmo("show", "a.json").stdout)
+        self.run_velmo("solve", "a.json", exit_code=0)
 
     def test_show_tells_what_is_there(self):
         self.run_velmo("new", "a.json", "--template", "box", "--title", "Viaduct", "--annex", "UK")
