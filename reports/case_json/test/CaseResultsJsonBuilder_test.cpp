@@ -176,6 +176,25 @@ TEST(CaseResultsJsonBuilder, SummaryComesLastAndOnlyWithSamples) {
                         "minStress": 2000000.0, "maxStrain": 0.5, "minStrain": 0.5}}})"));
 }
 
+TEST(CaseResultsJsonBuilder, StrengthReductionIsWrittenOfCarriedCasesAlone) {
+  using Data::Design::CConcCode;
+  const CConcCode code(Data::Design::ConcCode::aci318_2019, Data::Design::CCountry::Code::none);
+  for (const bool carried : {true, false}) {
+    for (const LoadAction action : {LoadAction::load, LoadAction::deformation}) {
+      Util::JsonDocument document(rapidjson::kObjectType);
+      CaseULSDetails details = Carried();
+      details.status = carried;
+      CaseResultsJsonBuilder(code, document.GetAllocator(), true)
+          .AddUlsCaseResultsToJson(document, details, action);
+      const auto factor = document.FindMember("reductionFactor");
+      ASSERT_EQ(factor != document.MemberEnd(), carried);
+      if (!carried) continue;
+      EXPECT_EQ(factor->value.GetDouble(), 0.65);
+      EXPECT_STREQ((factor - 1)->name.GetString(), "momentRatio");
+    }
+  }
+}
+
 TEST(CaseResultsJsonBuilder, MembersThatAreThereStay) {
   const Data::Design::CConcCode code;
   Util::JsonDocument document(rapidjson::kObjectType);
