@@ -109,8 +109,11 @@ Velmo9::SLSResult AnalysisTask::SLSResult(int iCase, bool /*withCrackWidth*/, bo
     solution.crackedLoad = solution.uncrackedLoad;
   }
   if (!withDetails) return {solution, nullptr, nullptr};
+  // Under a load that does not crack the section its one state is that of uncracked concrete.
+  const bool staysWhole = action_ == LoadAction::load && solution.crackingUtilisation <= 1.0;
   return {solution, results_->uncrackedComponents,
-          withCracked ? results_->crackedComponents : results_->uncrackedComponents};
+          withCracked && !staysWhole ? results_->crackedComponents
+                                     : results_->uncrackedComponents};
 }
 
 Util::JsonValue AnalysisTask::toJson(Util::JsonAllocator& allocator, bool withCases, bool withNames,
