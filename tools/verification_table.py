@@ -25,6 +25,9 @@ HEADINGS = {
     "circular": "Circular sections",
     "plane": "Imposed planes",
     "prestress": "Prestress",
+    "sls": "Serviceability",
+    "composite": "Composite sections",
+    "phi": "Strength reduction",
 }
 
 

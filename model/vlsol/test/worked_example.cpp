@@ -10,13 +10,12 @@
 #include <utility>
 
 #include "model/oxutil/json.h"
+#include "model/vldata/response/ResultMesh.h"
 #include "model/vlsol/test/example_geometry.h"
+#include "model/vlsol/test/example_material.h"
 
 namespace Orlix::VlSol::Test {
 
-using Data::Design::CurveKind;
-using Data::Design::CurveScale;
-using Data::Design::CurveShape;
 using Data::Velmo9::UlSResult;
 using Util::JsonValue;
 
@@ -32,72 +31,44 @@ ExampleUnits UnitsOf(const JsonValue& json) {
   return {1e-3, 1e3, 1e3, 1e6};
 }
 
-double Number(const JsonValue& json, const char* name, double otherwise) {
-  const JsonValue* value = Util::FindMember(json, name);
-  return value == nullptr ? otherwise : value->GetDouble();
-}
-
 }  // namespace
 
 WorkedExample::WorkedExample(const JsonValue& json)
-    : json_(json),
-      units_(UnitsOf(json)),
-      document_(json["deductDisplacedConcrete"].GetBool()),
-      // A steel section's plates carry both signs: the example names their material "s".
-      type_(std::string(json["geometry"]["concrete"][0]["mat"].GetString()) == "s"
-                ? MatType::steel
-                : MatType::concrete) {
+    : json_(json), units_(UnitsOf(json)), document_(json["deductDisplacedConcrete"].GetBool()) {
+  if (std::string(json["group"].GetString()) == "phi") {
+    document_.Document().SetCodes(OrlixString<wchar_t>(L"ACI 318-19"));
+  }
   AddComponents();
   AddBars();
 }
 
 int WorkedExample::AddMaterial(const std::string& name, MatType type) {
-  const JsonValue& material = json_["materials"][name.c_str()];
-  const JsonValue* limits = Util::FindMember(json_["load"], "limits");
-  const auto limit = [&](const char* key) { return limits ? Number(*limits, key, 0.0) : 0.0; };
-  const std::string kind = material["kind"].GetString();
-  CurveScale scale{units_.stress * Number(material, "f", Number(material, "fy", 1.0)),
-                   units_.stress * Number(material, "E", 30000.0)};
-  CurveShape side{.epsPeak = Number(material, "eps_c", 0.0),
-                  .epsLimit = Number(material, "eps_cu", 0.0),
-                  .uniformLimit = limit("eps_c")};
-  if (kind == "block") {
-    side.kind = CurveKind::rectangularBlock;
-    side.blockStart = material["eps_from"].GetDouble();
-  } else if (kind == "parabola_rectangle") {
-    side.kind = CurveKind::parabolaRectangle;
-    side.exponent = material["n"].GetDouble();
-  } else if (kind == "bilinear_c") {
-    side.kind = CurveKind::bilinear;
-  } else if (kind == "linear" || kind == "linear_no_tension") {
-    side.kind = CurveKind::linear;
-  } else if (kind == "bilinear_s") {
-    side = {.kind = CurveKind::bilinear, .epsLimit = limit("eps_ud")};
-    if (Util::FindMember(material, "fu") != nullptr) {
-      side.hardening = material["fu"].GetDouble() / material["fy"].GetDouble();
-      side.epsHardening = material["eps_u"].GetDouble();
-    }
-    // A plate bent far beyond the numerical cap on strain, as the example bends it.
-    if (type == MatType::steel) side.epsLimit = 10.0;
-  } else {
-    throw std::runtime_error("unknown kind of material " + kind);
-  }
-  const bool bothSides = kind == "linear" || kind == "bilinear_s";
-  return document_.AddMaterial(type, scale, side, bothSides ? side : CurveShape{});
+  const ExampleMaterial material = ReadMaterial(json_, name, units_.stress, type);
+  const int grade =
+      document_.AddMaterial(type, material.scale, material.compression, material.tension);
+  document_.SetServiceCurve(type, grade, material.compression, material.serviceTension,
+                            material.f_ct);
+  return grade;
 }
 
 void WorkedExample::AddComponents() {
   const JsonValue& geometry = json_["geometry"];
-  grade_ = AddMaterial(geometry["concrete"][0]["mat"].GetString(), type_);
   std::vector<Data::SectionPolygon> polygons = ReadPolygons(geometry, units_.length);
   const Vec2<double> reference = ReferencePoint(geometry, polygons, units_.length);
-  for (Data::SectionPolygon& polygon : polygons) {
+  for (unsigned i = 0; i < polygons.size(); ++i) {
+    Data::SectionPolygon& polygon = polygons[i];
     for (Vec2<double>& p : polygon.outline) p = p - reference;
     for (auto& hole : polygon.holes) {
       for (Vec2<double>& p : hole) p = p - reference;
     }
     vertices_.insert(vertices_.end(), polygon.outline.begin(), polygon.outline.end());
-    document_.AddComponent(type_, grade_, std::move(polygon));
+    const std::string material = geometry["concrete"][i]["mat"].GetString();
+    // Only steel is bilinear on both sides.
+    const std::string kind = json_["materials"][material.c_str()]["kind"].GetString();
+    const MatType type = kind == "bilinear_s" ? MatType::steel : MatType::concrete;
+    const int grade = AddMaterial(material, type);
+    if (i == 0) type_ = type, grade_ = grade;
+    document_.AddComponent(type, grade, std::move(polygon));
   }
   for (const JsonValue& bar : json_["bars"].GetArray()) {
     const Vec2<double> p{bar["x"].GetDouble(), bar["y"].GetDouble()};
@@ -135,16 +106,16 @@ std::vector<WorkedExample::State> WorkedExample::Solve() {
     return {FailureAtAxialForce(load["Mx"].GetDouble(), load["My"].GetDouble())};
   }
   if (kind == "env_max_My") return {LargestMy()};
-  if (kind == "sls") {
-    const Vec3<double> applied =
-        LoadFrom(load["N"].GetDouble(), Number(load, "Mx", 0.0), Number(load, "My", 0.0));
-    return {{document_.Solve(LoadAction::load, applied).Deformation().Vector(), applied}};
+  if (kind == "sls") return {Service()};
+  if (kind == "ray") {
+    const Vec3<double> applied = AppliedLoad();
+    const UlSResult result = document_.Solve(LoadAction::load, applied);
+    return {{result.Deformation().Vector(), applied, result.LoadUtilisation()}};
   }
   if (kind == "mk") {
-    // The one example of this kind is symmetric and without axial force, so e0 = 0.
     std::vector<State> states;
     for (const JsonValue& kappa : load["kappa"].GetArray()) {
-      states.push_back(ImposedPlane(0.0, kappa.GetDouble(), 0.0));
+      states.push_back(ImposedCurvature(load["N"].GetDouble(), kappa.GetDouble()));
     }
     return states;
   }
@@ -155,9 +126,45 @@ Vec3<double> WorkedExample::LoadFrom(double n, double mx, double my) const {
   return {-units_.force * n, -units_.moment * mx, units_.moment * my};
 }
 
+Vec3<double> WorkedExample::PlaneFrom(double e0, double kx, double ky) const {
+  return {-e0, -kx / units_.length, ky / units_.length};
+}
+
+Vec3<double> WorkedExample::AppliedLoad() const {
+  const JsonValue& load = json_["load"];
+  return LoadFrom(load["N"].GetDouble(), Number(load, "Mx", 0.0), Number(load, "My", 0.0));
+}
+
 WorkedExample::State WorkedExample::ImposedPlane(double e0, double kx, double ky) {
-  const Vec3<double> plane{-e0, -kx / units_.length, ky / units_.length};
-  return {plane, document_.Solve(LoadAction::deformation, plane).Load().Vector()};
+  const Vec3<double> plane = PlaneFrom(e0, kx, ky);
+  return {plane, document_.Solve(LoadAction::deformation, plane).Load().Vector(), 0.0};
+}
+
+// The plane with a curvature that carries the axial force: N falls as the mid-strain rises.
+WorkedExample::State WorkedExample::ImposedCurvature(double n, double kx) {
+  double depth = 0.0;
+  for (const Vec2<double>& p : vertices_) depth = std::max(depth, std::abs(p.y) / units_.length);
+  const Data::CVelmoData& data = document_.Document();
+  const Data::Velmo9::ResultMesh mesh(data, data.Section(0), 0,
+                                      Data::Velmo9::SectionState::ultimate);
+  double low = -kx * depth;
+  double high = kx * depth;
+  constexpr int kHalvings = 50;
+  for (int i = 0; i < kHalvings; ++i) {
+    const double middle = 0.5 * (low + high);
+    const auto response = mesh.GetResponseTo(Data::Velmo9::Deformation(PlaneFrom(middle, kx, 0.0)));
+    (Quantity("N", {{}, response.Load().Vector(), 0.0}) < n ? low : high) = middle;
+  }
+  return ImposedPlane(low, kx, 0.0);
+}
+
+// The uncracked state: the examples' concretes carry the same tension, or none, in both.
+WorkedExample::State WorkedExample::Service() {
+  const Vec3<double> applied = AppliedLoad();
+  const Data::Velmo9::SLSResult result = document_.SolveSls(LoadAction::load, applied);
+  if (result.IsFail()) throw std::runtime_error("no equilibrium");
+  return {result.Response().uncracked.Deformation().Vector(), applied,
+          result.CrackingUtilisation()};
 }
 
 // The plane with the strain eps_cu at the most compressed fibre and zero at the depth c below it.
@@ -187,7 +194,7 @@ WorkedExample::State WorkedExample::FailureAtAxialForce(double mx, double my) {
   if (std::abs(failure.LoadUtilisation() - 1.0) > 1e-8) {
     throw std::runtime_error("the moment at failure is not at failure");
   }
-  return {failure.DeformationAtFailure().Vector(), limit};
+  return {failure.DeformationAtFailure().Vector(), limit, 1.0};
 }
 
 // The largest My among all directions of the moment, by golden section: My is unimodal over the
@@ -234,6 +241,12 @@ double WorkedExample::Quantity(const std::string& name, const State& state) cons
   if (name == "kappa") return kappa * units_.length;
   if (name == "theta") return std::atan2(plane.z, -plane.y) * 180.0 / std::numbers::pi;
   if (name == "c" || name == "x") return -lowest / kappa / units_.length;
+  if (name == "dcr") return state.utilisation;
+  if (name == "Mcr") return -state.load.y / units_.moment / state.utilisation;
+  if (name == "Icr") {
+    const double modulus = json_["load"]["Ec"].GetDouble() * units_.stress;
+    return std::abs(state.load.y) / (kappa * modulus) / std::pow(units_.length, 4);
+  }
   if (name == "sigma_c_max") return stress(type_, grade_, lowest);
   if (name == "sigma_c_min") return stress(type_, grade_, highest);
   if (name == "eps_t") {

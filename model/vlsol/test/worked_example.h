@@ -29,6 +29,7 @@ class WorkedExample {
   struct State {
     Vec3<double> plane;
     Vec3<double> load;
+    double utilisation{};  ///< of the load, or of the concrete's tension for an SLS example
   };
 
   explicit WorkedExample(const Util::JsonValue& json);
@@ -51,16 +52,20 @@ class WorkedExample {
   void AddBars();
   State ImposedAtDepth();
   State ImposedPlane(double e0, double kx, double ky);
+  State ImposedCurvature(double n, double kx);
+  State Service();
   State FailureAtAxialForce(double mx, double my);
   State LargestMy();
   Vec3<double> LoadFrom(double n, double mx, double my) const;
+  Vec3<double> PlaneFrom(double e0, double kx, double ky) const;
+  Vec3<double> AppliedLoad() const;
   double StrainAt(const Vec3<double>& plane, Vec2<double> p) const;
 
   const Util::JsonValue& json_;
   ExampleUnits units_;
   CaseDocument document_;
-  MatType type_;  ///< of the components
-  int grade_{};
+  MatType type_{MatType::none};         ///< of the first component
+  int grade_{};                         ///< of the first component
   std::vector<Vec2<double>> vertices_;  ///< of all outlines, about the reference point [m]
   std::vector<Bar> bars_;
 };

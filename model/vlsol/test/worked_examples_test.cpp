@@ -98,7 +98,7 @@ TEST_P(WorkedExamples, GiveThePublishedValues) {
 
 INSTANTIATE_TEST_SUITE_P(Group, WorkedExamples,
                          testing::Values("derived", "uls", "nm", "biaxial", "circular", "plane",
-                                         "prestress"),
+                                         "prestress", "sls", "composite", "phi"),
                          [](const auto& group) { return std::string(group.param); });
 
 }  // namespace
