@@ -62,7 +62,8 @@ State CrackedUnder(const SlsModel& model, const Resultant& load, const Plane& st
 
 State CrackedAt(const SlsModel& model, const Plane& plane) {
   const CompiledTask& task = *model.cracked;
-  if (task.bs8110Curves.empty()) {
+  // Compiled with the full slope of the BS 8110 model, which stands until the section cracks.
+  if (task.bs8110Curves.empty() || UtilisationAt(model, plane) <= 1.0) {
     return {plane, Numeric::Integrate(task.section, plane), kInfinity,
             IsWithinLimits(task.section, plane)};
   }
