@@ -1,0 +1,53 @@
+#include "model/vlsol/test/service_beam.h"
+
+#include <utility>
+
+namespace Orlix::VlSol::Test {
+
+using Data::Design::CurveKind;
+using Data::Design::CurveShape;
+
+ServiceBeam::ServiceBeam(CurveKind model) : document_(false) {
+  concrete_ = document_.AddMaterial(
+      MatType::concrete, {20e6, kModulus},
+      {.kind = CurveKind::parabolaRectangle, .epsPeak = 0.002, .epsLimit = 0.0035}, {});
+  document_.SetServiceCurve(MatType::concrete, concrete_, {.kind = CurveKind::linear},
+                            {.kind = model}, kTensileStrength);
+  const CurveShape steel{.kind = CurveKind::bilinear};
+  steel_ = document_.AddMaterial(MatType::reinforcement, {kYield, kSteelModulus}, steel, steel);
+}
+
+ServiceBeam& ServiceBeam::Outline(std::vector<Vec2<double>> outline) {
+  document_.AddComponent(MatType::concrete, concrete_, {std::move(outline), {}});
+  return *this;
+}
+
+ServiceBeam& ServiceBeam::Rectangle(double b, double h) {
+  return Outline({{-b / 2, -h / 2}, {b / 2, -h / 2}, {b / 2, h / 2}, {-b / 2, h / 2}});
+}
+
+ServiceBeam& ServiceBeam::Bar(Vec2<double> position, double area, double prestrain) {
+  document_.AddBar(0, position, area, steel_, prestrain);
+  return *this;
+}
+
+ServiceBeam& ServiceBeam::Creep(const Data::Velmo9::CreepSettings& creep) {
+  document_.Settings().SetCreep(creep);
+  return *this;
+}
+
+SlsModel ServiceBeam::Model() {
+  auto& section = document_.Document().getSection(0);
+  section.Task(0) = document_.Settings();
+  return SlsModel::Of(document_.Document(), section, 0).value();
+}
+
+Data::Velmo9::SLSResult ServiceBeam::Under(const Vec3<double>& load) {
+  return document_.SolveSls(LoadAction::load, load);
+}
+
+Data::Velmo9::SLSResult ServiceBeam::At(const Vec3<double>& plane) {
+  return document_.SolveSls(LoadAction::deformation, plane);
+}
+
+}  // namespace Orlix::VlSol::Test
