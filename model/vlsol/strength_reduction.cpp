@@ -109,13 +109,15 @@ double YieldStrain(const Data::CVelmoData& document, const Data::CBar& bar,
   return steel.f_k / steel.E;
 }
 
-// Nominal squash load P_o [N], positive: everything at the concrete's failure strain.
+// Nominal squash load P_o [N], positive: everything at the concrete's failure strain. Infinite
+// without concrete, to which the code's cap does not apply.
 double SquashLoad(const CompiledSection& compiled) {
   double limit = 0.0;
   for (const CompiledSection::Region& region : compiled.regions) {
     const Numeric::StressCurve& curve = compiled.curves[static_cast<std::size_t>(region.curve)];
     if (!curve.lowerIsCap) limit = limit == 0.0 ? -curve.lower : std::min(limit, -curve.lower);
   }
+  if (limit == 0.0) return std::numeric_limits<double>::infinity();
   return -Numeric::Integrate(compiled, {-limit, 0.0, 0.0}).x;
 }
 
