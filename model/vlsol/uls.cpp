@@ -69,8 +69,10 @@ void FindCapacity(const CompiledSection& section, const Resultant& load,
                   const Numeric::PathPoint& start, const StrengthReduction* reduction,
                   UlsCaseSolution& solution) {
   const FailurePoint nominal = NominalFailure(section, section.LoadToLocal(load), start, reduction);
-  if (nominal.found) {
-    if (reduction != nullptr) solution.reductionFactor = reduction->Phi(section, nominal.plane);
+  if (nominal.found && reduction != nullptr) {
+    solution.reductionFactor = reduction->Phi(section, nominal.plane);
+  }
+  if (nominal.found && solution.reductionFactor > 0.0) {
     const double lambda = solution.reductionFactor * nominal.lambda;
     solution.loadUtilisation = 1.0 / lambda;
     solution.loadAtFailure = lambda * load;
@@ -95,13 +97,20 @@ UlsCaseSolution SolveUlsLoad(const CompiledSection& section, const Vec3<double>&
   solution.load = load;
   if (!IsFinite(load)) return solution;
 
-  Numeric::EquilibriumResult equilibrium =
-      Numeric::SolveEquilibrium(section, section.LoadToLocal(load));
   const bool isLoaded = load != Vec3<double>{};
+  Numeric::EquilibriumOptions options;
+  // Under strength reduction the plane is that of another load: here it is a place to start from.
+  if (isLoaded && reduction != nullptr) options.sharpest = Numeric::CurveForm::ramp;
+  Numeric::EquilibriumResult equilibrium =
+      Numeric::SolveEquilibrium(section, section.LoadToLocal(load), nullptr, options);
   if (isLoaded) FindCapacity(section, load, StartOf(section, equilibrium), reduction, solution);
   if (isLoaded && reduction != nullptr) {
     const Resultant nominal = section.LoadToLocal((1.0 / solution.reductionFactor) * load);
-    equilibrium = Numeric::SolveEquilibrium(section, nominal, &equilibrium.plane);
+    if (IsFinite(nominal)) {
+      equilibrium = Numeric::SolveEquilibrium(section, nominal, &equilibrium.plane);
+    } else {  // a factor of zero: nothing is carried
+      equilibrium.converged = false;
+    }
   }
   if (equilibrium.converged) {
     solution.deformation = ReportedPlane(section, equilibrium.plane);
