@@ -18,11 +18,12 @@ using Data::ShapeDimensions;
 using Data::ShapeKind;
 using Points = std::vector<Vec2<double>>;
 
-CVelmoData Document(const CSecGeom& geometry, const wchar_t* concrete, const Points& bars,
-                    double diameter) {
+CVelmoData Document(const wchar_t* code, const CSecGeom& geometry, const wchar_t* concrete,
+                    const wchar_t* rebar, const Points& bars, double diameter) {
   CVelmoData document;
+  document.SetCodes(OrlixString<wchar_t>(code));
   const auto materials = document.getMaterials();
-  const int steel = materials->Find(MatType::reinforcement, L"B500B");
+  const int steel = materials->Find(MatType::reinforcement, rebar);
   CSecComp component(MatType::concrete, materials->Find(MatType::concrete, concrete), geometry);
   Data::Reinforcement reinforcement;
   const double area = std::acos(-1.0) * diameter * diameter / 4.0;
@@ -36,15 +37,28 @@ CVelmoData Document(const CSecGeom& geometry, const wchar_t* concrete, const Poi
   return document;
 }
 
-}  // namespace
+constexpr const wchar_t* kEn1992 = L"EN 1992-1-1:2004";
 
-CVelmoData RectangleDocument() {
+CSecGeom Rectangle() {
   ShapeDimensions size;
   size.width = 0.3;
   size.depth = 0.5;
-  const Points bars = {{-0.1, -0.2}, {0.0, -0.2}, {0.1, -0.2}, {-0.1, 0.0},
-                       {0.1, 0.0},   {-0.1, 0.2}, {0.0, 0.2},  {0.1, 0.2}};
-  return Document(CSecGeom(ShapeKind::rectangle, size), L"C30/37", bars, 0.020);
+  return CSecGeom(ShapeKind::rectangle, size);
+}
+
+Points RectangleBars() {
+  return {{-0.1, -0.2}, {0.0, -0.2}, {0.1, -0.2}, {-0.1, 0.0},
+          {0.1, 0.0},   {-0.1, 0.2}, {0.0, 0.2},  {0.1, 0.2}};
+}
+
+}  // namespace
+
+CVelmoData RectangleDocument() {
+  return Document(kEn1992, Rectangle(), L"C30/37", L"B500B", RectangleBars(), 0.020);
+}
+
+CVelmoData AciRectangleDocument() {
+  return Document(L"ACI 318-19", Rectangle(), L"f'c 30 MPa", L"Grade 60", RectangleBars(), 0.020);
 }
 
 CVelmoData HollowBoxDocument() {
@@ -61,12 +75,12 @@ CVelmoData HollowBoxDocument() {
     bars.push_back({-0.92, -0.56 + 0.16 * i});
     bars.push_back({0.92, -0.56 + 0.16 * i});
   }
-  return Document(CSecGeom(ShapeKind::box, size), L"C40/50", bars, 0.032);
+  return Document(kEn1992, CSecGeom(ShapeKind::box, size), L"C40/50", L"B500B", bars, 0.032);
 }
 
 void AddCases(CVelmoData& document, int count) {
   Data::Velmo9::VelmoSection& section = document.getSection(0);
-  const Data::Velmo9::ResultMesh mesh(document, section, 0, LoadState::ULS);
+  const Data::Velmo9::ResultMesh mesh(document, section, 0, Data::Velmo9::SectionState::ultimate);
   double reach = 0.0;
   for (const auto& polygon : section.Components().front().Geometry().Polygons(0.0)) {
     for (const Vec2<double>& p : polygon.outline) reach = std::max(reach, Length(p));

@@ -4,9 +4,10 @@
 
 namespace Orlix::Bench {
 
-/// Documents with one section, one load task without cases, and EN 1992-1-1 materials.
-Data::CVelmoData RectangleDocument();  ///< 300x500, C30/37, eight 20 mm bars
-Data::CVelmoData HollowBoxDocument();  ///< 2.0x1.6 m, walls 0.3 m, C40/50, 36 bars of 32 mm
+/// Documents with one section and one load task without cases.
+Data::CVelmoData RectangleDocument();     ///< 300x500, C30/37, eight 20 mm bars
+Data::CVelmoData AciRectangleDocument();  ///< the same shape and bars under ACI 318-19
+Data::CVelmoData HollowBoxDocument();     ///< 2.0x1.6 m, walls 0.3 m, C40/50, 36 bars of 32 mm
 
 /// Appends biaxial load cases whose planes are spread over the strain domain and a little beyond,
 /// the same ones every time.

@@ -54,27 +54,33 @@ class HeldForceSearch {
     double Excess() const { return phi - x; }
   };
 
-  Trial At(double x) const {
+  Trial At(double x) {
     Trial trial{x, reduction_.phiCompression, 0.0, false};
     const double n = load_.x / x;
     if (-n > reduction_.axialCap) return trial;
     const Numeric::LoadPath path{section_.LoadToLocal({n, 0.0, 0.0}),
                                  {0.0, load_.y / x, load_.z / x}};
-    const FailurePoint failure = Numeric::FindFailure(section_, path, StartFor(x));
+    FailurePoint failure;
+    if (lastFailure_) failure = Numeric::FindFailureBeside(section_, path, *lastFailure_);
+    if (!failure.found) failure = Numeric::FindFailure(section_, path, StartFor(x));
     if (!failure.found) return trial;
+    lastFailure_ = failure.plane;
     return {x, reduction_.Phi(section_, failure.plane), failure.lambda, true};
   }
 
   // The load over x is another load: its own equilibrium is where the search has to begin.
   Numeric::PathPoint StartFor(double x) const {
     const Vec3<double> local = section_.LoadToLocal((1.0 / x) * load_);
-    const Numeric::EquilibriumResult e = Numeric::SolveEquilibrium(section_, local, &start_);
+    Numeric::EquilibriumOptions options;
+    options.sharpest = Numeric::CurveForm::ramp;  // a place to start from
+    const Numeric::EquilibriumResult e =
+        Numeric::SolveEquilibrium(section_, local, &start_, options);
     const double gauge = Numeric::GaugeOf(section_, e.plane).value;
     return {1.0, e.plane, e.converged ? gauge : std::max(2.0, gauge)};
   }
 
   // Illinois on phi(x) - x, positive at `below`, not positive at `above`.
-  double Between(Trial below, Trial above) const {
+  double Between(Trial below, Trial above) {
     constexpr double kWidth = 1e-10;
     double fBelow = below.Excess();
     double fAbove = above.Excess();
@@ -98,6 +104,7 @@ class HeldForceSearch {
   const StrengthReduction& reduction_;
   Vec3<double> load_;
   Plane start_;
+  std::optional<Plane> lastFailure_;  // of the trial before, which the next one starts from
 };
 
 // Yield strain of a bar, or what the code has count in its place.

@@ -124,6 +124,7 @@ EquilibriumResult SolveEquilibrium(const CompiledSection& section, const Resulta
     Newton regular(section, load, CurveForm::regular);
     EquilibriumResult best = ramp.Run(d, tolerance, options.maxIterations);
     for (Newton* sharper : {&regular, &newton}) {
+      if (options.sharpest == CurveForm::ramp) break;
       EquilibriumResult result = sharper->Run(best.plane, tolerance, kPolish);
       if (!result.converged && best.converged) {
         best.onStep = true;

@@ -37,6 +37,16 @@ class FailureSearch {
     return failure.found && section_.hasSteps ? Sharpened(failure) : failure;
   }
 
+  // The failure point that Newton finds from the start's plane, taken for a neighbour's.
+  FailurePoint Beside() const {
+    BoundaryPoint from;
+    from.plane = start_.plane;
+    const BoundaryPoint p = SolveAtGauge(section_, path_, start_.plane, 1.0);
+    if (!IsExit(p) || !IsNear(from, p)) return {};
+    const FailurePoint failure = Accept(p);
+    return failure.found && section_.hasSteps ? Sharpened(failure) : failure;
+  }
+
  private:
   FailurePoint Search() {
     if (!std::isfinite(start_.gauge) || !IsFinite(start_.plane)) return {};
@@ -121,7 +131,9 @@ class FailureSearch {
 
   // Point of the path at a factor: equilibrium from a nearby plane.
   PathPoint At(double lambda, const Plane& near) const {
-    const EquilibriumResult e = SolveEquilibrium(section_, path_.At(lambda), &near);
+    EquilibriumOptions options;
+    options.sharpest = CurveForm::ramp;  // the answer itself is found by SolveAtGauge
+    const EquilibriumResult e = SolveEquilibrium(section_, path_.At(lambda), &near, options);
     if (!e.converged) return {lambda, near, kInfinity};
     return {lambda, e.plane, GaugeOf(section_, e.plane).value};
   }
@@ -138,25 +150,40 @@ class FailureSearch {
     }
     // The fixed load alone is outside: look for the point of the path that lies deepest.
     const double golden = 0.5 * (std::sqrt(5.0) - 1.0);
-    double low = 0.0;
-    double high = start_.lambda;
-    PathPoint a = At(high - golden * (high - low), inside.plane);
-    PathPoint b = At(low + golden * (high - low), start_.plane);
+    PathPoint low = inside;
+    PathPoint high = start_;
+    const auto width = [&] { return golden * (high.lambda - low.lambda); };
+    PathPoint a = At(high.lambda - width(), low.plane);
+    PathPoint b = At(low.lambda + width(), high.plane);
     constexpr int kSections = 48;  // the bracket shrinks to 1e-10
     for (int i = 0; i < kSections; ++i) {
       inside = a.gauge < b.gauge ? a : b;
       if (inside.gauge <= 1.0) return true;
+      if (StaysOutside(low, a, b, high)) return false;
       if (a.gauge < b.gauge) {
-        high = b.lambda;
+        high = b;
         b = a;
-        a = At(high - golden * (high - low), b.plane);
+        a = At(high.lambda - width(), b.plane);
       } else {
-        low = a.lambda;
+        low = a;
         a = b;
-        b = At(low + golden * (high - low), a.plane);
+        b = At(low.lambda + width(), a.plane);
       }
     }
     return false;
+  }
+
+  // Whether a gauge that is convex between four points of the path stays well above 1 there: the
+  // lines through the outer pairs bound it from below between the inner two.
+  static bool StaysOutside(const PathPoint& low, const PathPoint& a, const PathPoint& b,
+                           const PathPoint& high) {
+    constexpr double kWellAbove = 1.05;  // leaves room for a gauge that is not quite convex
+    if (!std::isfinite(low.gauge) || !std::isfinite(high.gauge)) return false;
+    const double left = (a.gauge - low.gauge) / (a.lambda - low.lambda);
+    const double right = (high.gauge - b.gauge) / (high.lambda - b.lambda);
+    const double gap = b.lambda - a.lambda;
+    const double lowest = std::min({a.gauge, b.gauge, a.gauge + left * gap, b.gauge - right * gap});
+    return lowest > kWellAbove;
   }
 
   // Follows the path from an inside point by rising gauge; the only way to meet the load's peak
@@ -277,16 +304,33 @@ class FailureSearch {
   double leastCapacity_;  // [N], scaled norm
 };
 
+// With B of the squash force's size lambda is a number near one, whatever the load's size: the
+// factor that brings B there, 0 when there is none.
+double UnitOf(const CompiledSection& section, const LoadPath& path) {
+  const double unit = section.squash / ScaledNorm(section, path.scaled);
+  return unit > 0.0 && std::isfinite(unit) ? unit : 0.0;
+}
+
 }  // namespace
 
 FailurePoint FindFailure(const CompiledSection& section, const LoadPath& path,
                          const PathPoint& start) {
-  // With B of the squash force's size lambda is a number near one, whatever the load's size.
-  const double unit = section.squash / ScaledNorm(section, path.scaled);
-  if (!(unit > 0.0) || !std::isfinite(unit)) return {};
+  const double unit = UnitOf(section, path);
+  if (unit == 0.0) return {};
   const LoadPath scaled{path.fixed, unit * path.scaled};
   const PathPoint from{start.lambda / unit, start.plane, start.gauge};
   FailurePoint failure = FailureSearch(section, scaled, from).Run();
+  failure.lambda *= unit;
+  return failure;
+}
+
+FailurePoint FindFailureBeside(const CompiledSection& section, const LoadPath& path,
+                               const Plane& near) {
+  const double unit = UnitOf(section, path);
+  if (unit == 0.0 || section.softens) return {};
+  const LoadPath scaled{path.fixed, unit * path.scaled};
+  const PathPoint from{0.0, near, 1.0};
+  FailurePoint failure = FailureSearch(section, scaled, from).Beside();
   failure.lambda *= unit;
   return failure;
 }

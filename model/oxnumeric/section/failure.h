@@ -38,4 +38,11 @@ struct FailurePoint {
 FailurePoint FindFailure(const CompiledSection& section, const LoadPath& path,
                          const PathPoint& start);
 
+/// Finds the failure point of a load path beside that of a neighbouring path: Newton alone, several
+/// times cheaper than `FindFailure`.
+/// @param near  failure plane of the neighbouring path, about the section's centre
+/// @return not found where Newton fails or leaves: then `FindFailure` has to look
+FailurePoint FindFailureBeside(const CompiledSection& section, const LoadPath& path,
+                               const Plane& near);
+
 }  // namespace Orlix::Numeric
