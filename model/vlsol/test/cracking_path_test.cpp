@@ -31,7 +31,7 @@ double UtilisationUnder(ServiceBeam& beam, double factor) {
 // as long as the same vertex, or the same bars, are in tension.
 double CrackingFactor(ServiceBeam& beam) {
   double factor = 2.0;
-  for (int i = 0; i < 60; ++i) {
+  for (int i = 0; i < 12; ++i) {
     const double at = UtilisationUnder(beam, factor);
     const double slope = (UtilisationUnder(beam, 1.01 * factor) - at) / (0.01 * factor);
     factor += (1.0 - at) / slope;
