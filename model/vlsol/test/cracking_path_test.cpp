@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
 
 #include "model/vlsol/test/service_beam.h"
 
@@ -74,6 +75,30 @@ TEST(CrackingPath, PrestrainOfNoSizeChangesNothing) {
   const double factor = 1.8 * CrackingFactor(without);
   EXPECT_NEAR(with.Under(factor * kLoad).Response().zeta,
               without.Under(factor * kLoad).Response().zeta, 1e-8);
+}
+
+TEST(CrackingPath, AFactorThatIsNotKnownIsFound) {
+  for (const double prestrain : {0.0, 1e-3}) {
+    ServiceBeam beam = Beam(CurveKind::interpolated, prestrain, true);
+    const double first = CrackingFactor(beam);
+    for (const double times : {0.9, 1.4}) {
+      SCOPED_TRACE(testing::Message() << prestrain << ", " << times);
+      const Vec3<double> load = times * first * kLoad;
+      Data::Velmo9::SlsResponse response = beam.Under(load).Response();
+      const double known = response.zeta;
+      response.zeta = std::numeric_limits<double>::quiet_NaN();
+      const Data::CVelmoData& document = beam.Document().Document();
+      const auto between = [&](bool tensionStiffening) {
+        return Data::CInterpolateStrain(Data::Velmo9::VelmoLoad(load), response, document,
+                                        document.Section(0), 0, tensionStiffening);
+      };
+      EXPECT_NEAR(between(true).Zeta(), known, 1e-9);
+      EXPECT_EQ(between(false).Zeta(), times > 1.0 ? 1.0 : 0.0);
+      EXPECT_EQ(between(false).InterpolatedStrain().Vector(),
+                times > 1.0 ? response.cracked.Deformation().Vector()
+                            : response.uncracked.Deformation().Vector());
+    }
+  }
 }
 
 // Nothing jumps at the load that cracks the section: beta is 1, and the slope of the tension begins

@@ -36,12 +36,6 @@ ServiceBeam& ServiceBeam::Creep(const Data::Velmo9::CreepSettings& creep) {
   return *this;
 }
 
-SlsModel ServiceBeam::Model() {
-  auto& section = document_.Document().getSection(0);
-  section.Task(0) = document_.Settings();
-  return SlsModel::Of(document_.Document(), section, 0).value();
-}
-
 Data::Velmo9::SLSResult ServiceBeam::Under(const Vec3<double>& load) {
   return document_.SolveSls(LoadAction::load, load);
 }

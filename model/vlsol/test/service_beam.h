@@ -2,7 +2,6 @@
 
 #include <vector>
 
-#include "model/vlsol/sls.h"
 #include "model/vlsol/test/case_document.h"
 
 namespace Orlix::VlSol::Test {
@@ -27,7 +26,6 @@ class ServiceBeam {
   ServiceBeam& Creep(const Data::Velmo9::CreepSettings& creep);
 
   CaseDocument& Document() { return document_; }
-  SlsModel Model();
   /// Solves one load or one deformation as a task of the document.
   Data::Velmo9::SLSResult Under(const Vec3<double>& load);
   Data::Velmo9::SLSResult At(const Vec3<double>& plane);
