@@ -14,7 +14,7 @@ void ForEachCase(std::ptrdiff_t count, F&& f) {
   if (count <= 0) return;
   std::vector<std::exception_ptr> failures(static_cast<std::size_t>(count));
 #ifdef _OPENMP
-#pragma omp parallel for schedule(static)
+#pragma omp parallel for schedule(static) if (count > 1)  // one case needs no team
 #endif
   for (std::ptrdiff_t i = 0; i < count; ++i) {
     try {
