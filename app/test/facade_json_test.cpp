@@ -7,6 +7,7 @@
 #include <fstream>
 #include <map>
 #include <string>
+#include <vector>
 
 #include "app/VelmoApp.h"
 #include "app/test/Column.h"
@@ -67,34 +68,15 @@ void ExpectAlike(const JsonValue& got, const JsonValue& want, const std::string&
   }
 }
 
-void ExpectCaseResults(const std::string& example, void (*setUp)(AnalysisTask&)) {
-  VelmoApp app;
-  AnalysisTask& task = AddColumn(*app.pData()).Task(0);
-  setUp(task);
-  std::vector<int> cases;
-  for (int i = 0; i < task.NumCases(); ++i) cases.push_back(i);
-  Util::JsonDocument got;
-  std::string message;
-  ASSERT_TRUE(app.GetCaseResults(0, 0, cases, got, message, true)) << message;
-  Util::JsonDocument want;
-  Parse(example, want);
-  ExpectAlike(got, want, "results");
-  if (testing::Test::HasFailure()) ADD_FAILURE() << Util::PrettyJson(got);
-}
-
 void CheckTitles(const Util::JsonDocument& json) {
   VelmoApp app;
   app.setTitles(json);
-  const Data::CTitles want = [] {
-    Data::CTitles titles;
-    titles.project = "Harbour bridge";
-    titles.part = "Pier 3";
-    titles.description = "Column head";
-    titles.jobNumber = "1204";
-    titles.initials = "AB";
-    return titles;
-  }();
-  EXPECT_EQ(app.pData()->Titles(), want);
+  const Data::CTitles& titles = app.pData()->Titles();
+  EXPECT_EQ(titles.project, "Harbour bridge");
+  EXPECT_EQ(titles.part, "Pier 3");
+  EXPECT_EQ(titles.description, "Column head");
+  EXPECT_EQ(titles.jobNumber, "1204");
+  EXPECT_EQ(titles.initials, "AB");
 }
 
 void CheckUnits(const Util::JsonDocument& json) {
@@ -157,32 +139,40 @@ TEST(FacadeJson, EveryInputOfThePageDoesWhatItSays) {
 }
 
 TEST(FacadeJson, EveryResultOfThePageIsWhatTheFacadeGives) {
+  constexpr LoadAction kLoad = LoadAction::load;
+  constexpr LoadAction kDeformation = LoadAction::deformation;
+  const struct {
+    const char* name;
+    bool uls;
+    bool sls;
+    LoadAction action;
+    std::vector<Vec3<double>> inputs;
+  } kCases[] = {
+      {"loads", true, false, kLoad, {{-1e6, 120e3, 30e3}, {}, {-5e6, 0, 0}}},
+      {"deformations", true, false, kDeformation, {{-0.0005, 0.004, 0}, {}, {-0.003, 0.01, 0}}},
+      {"none", false, false, kLoad, {{}}},
+      {"service loads", false, true, kLoad, {{-100e3, 60e3, 0}, {9e6, 0, 0}}},
+      {"service deformations", false, true, kDeformation, {{0.0002, 0.002, 0.001}}},
+  };
   const auto examples = Examples();
-  ExpectCaseResults(examples.at("GetCaseResults loads"), [](AnalysisTask& task) {
-    task.addCase({"", {-1e6, 120e3, 30e3}});
-    task.addCase();
-    task.addCase({"", {-5e6, 0.0, 0.0}});
-  });
-  ExpectCaseResults(examples.at("GetCaseResults deformations"), [](AnalysisTask& task) {
-    task.SetAction(LoadAction::deformation);
-    task.addCase({"", {-0.0005, 0.004, 0.0}});
-    task.addCase();
-    task.addCase({"", {-0.003, 0.01, 0.0}});
-  });
-  ExpectCaseResults(examples.at("GetCaseResults none"), [](AnalysisTask& task) {
-    task.SetLimitStates(false, false);
-    task.addCase();
-  });
-  ExpectCaseResults(examples.at("GetCaseResults service loads"), [](AnalysisTask& task) {
-    task.SetLimitStates(false, true);
-    task.addCase({"", {-100e3, 60e3, 0.0}});
-    task.addCase({"", {9e6, 0.0, 0.0}});
-  });
-  ExpectCaseResults(examples.at("GetCaseResults service deformations"), [](AnalysisTask& task) {
-    task.SetLimitStates(false, true);
-    task.SetAction(LoadAction::deformation);
-    task.addCase({"", {0.0002, 0.002, 0.001}});
-  });
+  for (const auto& c : kCases) {
+    VelmoApp app;
+    AnalysisTask& task = AddColumn(*app.pData()).Task(0);
+    task.SetLimitStates(c.uls, c.sls);
+    task.SetAction(c.action);
+    std::vector<int> cases;
+    for (const Vec3<double>& input : c.inputs) {
+      cases.push_back(task.NumCases());
+      task.addCase({"", input});
+    }
+    Util::JsonDocument got;
+    std::string message;
+    ASSERT_TRUE(app.GetCaseResults(0, 0, cases, got, message, true)) << message;
+    Util::JsonDocument want;
+    Parse(examples.at(std::string("GetCaseResults ") + c.name), want);
+    ExpectAlike(got, want, c.name);
+    if (testing::Test::HasFailure()) ADD_FAILURE() << Util::PrettyJson(got);
+  }
 }
 
 }  // namespace
