@@ -14,6 +14,8 @@ class TextTable {
   void AddColumn(std::string heading, std::string unit, Align align = Align::right);
   /// @pre as many cells as there are columns.
   void AddRow(std::vector<std::string> cells);
+  /// Whether there are no rows.
+  bool IsEmpty() const { return rows_.empty(); }
   /// The unit line is left out when no column has a unit.
   void Print(std::ostream& out) const;
 

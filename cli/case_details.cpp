@@ -6,16 +6,14 @@
 #include "cli/TextTable.h"
 #include "cli/UnitText.h"
 #include "cli/case_records.h"
+#include "cli/case_table.h"
 #include "cli/detail_tables.h"
-#include "cli/solve_table.h"
 #include "model/oxutil/StringFrom.h"
-#include "model/oxutil/text.h"
 
 namespace Orlix::Cli {
 
 using Data::Velmo9::AnalysisTask;
 using Data::Velmo9::CaseULSDetails;
-using Align = TextTable::Align;
 
 namespace {
 
@@ -75,49 +73,31 @@ class CasePrinter {
   }
 
   void PrintPoints(const CaseULSDetails& record) const {
-    TextTable table;
-    table.AddColumn("Component", "");
-    table.AddColumn("type", "", Align::left);
-    AddSampleColumns(table);
-    for (const auto& [component, points] : record.pointResults) {
-      for (const auto& point : points) {
-        std::vector<std::string> cells = {std::to_string(component + 1),
-                                          to_string(point.materialType)};
-        AddSampleCells(cells, point);
-        table.AddRow(std::move(cells));
-      }
-    }
+    TextTable table = SampleTable(units_, "type", TextTable::Align::left);
+    AddStressColumns(table);
+    AddSamples(table, record.pointResults, units_,
+               [this](auto& cells, const auto& point) { AddStressCells(cells, point); });
     PrintTable(table, out_);
   }
 
   void PrintBars(const CaseULSDetails& record) const {
-    if (record.barResults.empty()) return;
-    TextTable table;
-    table.AddColumn("Component", "");
-    table.AddColumn("bar", "");
-    AddSampleColumns(table);
+    TextTable table = SampleTable(units_, "bar", TextTable::Align::right);
+    AddStressColumns(table);
     table.AddColumn("force", units_.Unit(Dimension::force));
-    for (const auto& [component, bars] : record.barResults) {
-      for (const auto& bar : bars) {
-        std::vector<std::string> cells = {std::to_string(component + 1),
-                                          std::to_string(bar.number + 1)};
-        AddSampleCells(cells, bar);
-        cells.push_back(units_.Value(bar.force, Dimension::force));
-        table.AddRow(std::move(cells));
-      }
-    }
+    AddSamples(table, record.barResults, units_, [this](auto& cells, const auto& bar) {
+      AddStressCells(cells, bar);
+      cells.push_back(units_.Value(bar.force, Dimension::force));
+    });
     PrintTable(table, out_);
   }
 
-  void AddSampleColumns(TextTable& table) const {
-    AddPlaceColumns(table, units_);
+  void AddStressColumns(TextTable& table) const {
     table.AddColumn("strain", units_.Unit(Dimension::strain));
     table.AddColumn("stress", units_.Unit(Dimension::stress));
   }
 
   template <class Sample>
-  void AddSampleCells(std::vector<std::string>& cells, const Sample& sample) const {
-    AddPlaceCells(cells, sample, units_);
+  void AddStressCells(std::vector<std::string>& cells, const Sample& sample) const {
     cells.push_back(units_.Value(sample.strain, Dimension::strain));
     cells.push_back(units_.Value(sample.stress, Dimension::stress));
   }

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <ostream>
 
+#include "cli/case_table.h"
 #include "cli/printable.h"
 #include "results/NeutralAxisCalculator.h"
 
@@ -32,18 +33,14 @@ void PrintNeutralAxis(const Data::Velmo9::Deformation& plane, const UnitText& un
 TextTable LoadTable(const UnitText& units) {
   TextTable table;
   table.AddColumn("Load", "", Align::left);
-  table.AddColumn("N", units.Unit(Dimension::force));
-  table.AddColumn("Myy", units.Unit(Dimension::moment));
-  table.AddColumn("Mzz", units.Unit(Dimension::moment));
+  AddLoadColumns(table, units);
   return table;
 }
 
 TextTable PlaneTable(const UnitText& units) {
   TextTable table;
   table.AddColumn("Deformation", "", Align::left);
-  table.AddColumn("eps0", units.Unit(Dimension::strain));
-  table.AddColumn("kyy", units.Unit(Dimension::curvature));
-  table.AddColumn("kzz", units.Unit(Dimension::curvature));
+  AddPlaneColumns(table, units);
   return table;
 }
 
@@ -51,13 +48,18 @@ void AddThree(TextTable& table, const char* what, const std::array<std::string, 
   table.AddRow({what, cells[0], cells[1], cells[2]});
 }
 
-void AddPlaceColumns(TextTable& table, const UnitText& units) {
+TextTable SampleTable(const UnitText& units, const char* what, Align align) {
+  TextTable table;
+  table.AddColumn("Component", "");
+  table.AddColumn(what, "", align);
   table.AddColumn("grade", "", Align::left);
   table.AddColumn("y", units.Unit(Dimension::sectionDimensions));
   table.AddColumn("z", units.Unit(Dimension::sectionDimensions));
+  return table;
 }
 
 void PrintTable(const TextTable& table, std::ostream& out) {
+  if (table.IsEmpty()) return;
   table.Print(out);
   out << '\n';
 }

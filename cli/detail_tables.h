@@ -3,6 +3,7 @@
 #include <array>
 #include <iosfwd>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "cli/TextTable.h"
@@ -25,16 +26,32 @@ TextTable LoadTable(const UnitText& units);
 TextTable PlaneTable(const UnitText& units);
 void AddThree(TextTable& table, const char* what, const std::array<std::string, 3>& cells);
 
-/// Columns of a point's or bar's grade and place, and their cells.
-void AddPlaceColumns(TextTable& table, const UnitText& units);
-template <class Sample>
-void AddPlaceCells(std::vector<std::string>& cells, const Sample& sample, const UnitText& units) {
-  cells.push_back(to_string(sample.grade));
-  cells.push_back(units.Value(sample.position.x, Dimension::sectionDimensions));
-  cells.push_back(units.Value(sample.position.y, Dimension::sectionDimensions));
+/// A table of points or bars, with columns of the component, of the point's type or the bar's
+/// number under the heading `what`, and of grade and place.
+TextTable SampleTable(const UnitText& units, const char* what, TextTable::Align align);
+
+/// Adds a line for each sample; addCells(cells, sample) appends those behind the place.
+template <class SamplesOfComponents, class AddCells>
+void AddSamples(TextTable& table, const SamplesOfComponents& samples, const UnitText& units,
+                AddCells addCells) {
+  for (const auto& [component, list] : samples) {
+    for (const auto& sample : list) {
+      std::vector<std::string> cells = {std::to_string(component + 1)};
+      if constexpr (requires { sample.number; }) {
+        cells.push_back(std::to_string(sample.number + 1));
+      } else {
+        cells.push_back(to_string(sample.materialType));
+      }
+      cells.push_back(to_string(sample.grade));
+      cells.push_back(units.Value(sample.position.x, Dimension::sectionDimensions));
+      cells.push_back(units.Value(sample.position.y, Dimension::sectionDimensions));
+      addCells(cells, sample);
+      table.AddRow(std::move(cells));
+    }
+  }
 }
 
-/// Prints a table and an empty line.
+/// Prints a table and an empty line; nothing of a table without rows.
 void PrintTable(const TextTable& table, std::ostream& out);
 
 }  // namespace Orlix::Cli

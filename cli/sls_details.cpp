@@ -6,17 +6,15 @@
 #include "cli/TextTable.h"
 #include "cli/UnitText.h"
 #include "cli/case_records.h"
+#include "cli/case_table.h"
 #include "cli/detail_tables.h"
 #include "cli/sls_table.h"
-#include "cli/solve_table.h"
 #include "model/oxutil/StringFrom.h"
-#include "model/oxutil/text.h"
 
 namespace Orlix::Cli {
 
 using Data::Velmo9::AnalysisTask;
 using Data::Velmo9::CaseSLSDetails;
-using Align = TextTable::Align;
 
 namespace {
 
@@ -79,43 +77,25 @@ class SlsCasePrinter {
   }
 
   void PrintPoints(const CaseSLSDetails& record, bool both) const {
-    TextTable table;
-    table.AddColumn("Component", "");
-    table.AddColumn("type", "", Align::left);
+    TextTable table = SampleTable(units_, "type", TextTable::Align::left);
     AddStateColumns(table, both, false);
-    for (const auto& [component, points] : record.pointResults) {
-      for (const auto& point : points) {
-        std::vector<std::string> cells = {std::to_string(component + 1),
-                                          to_string(point.materialType)};
-        AddStateCells(cells, point, both);
-        table.AddRow(std::move(cells));
-      }
-    }
+    AddSamples(table, record.pointResults, units_,
+               [&](auto& cells, const auto& point) { AddStateCells(cells, point, both); });
     PrintTable(table, out_);
   }
 
   void PrintBars(const CaseSLSDetails& record, bool both) const {
-    TextTable table;
-    table.AddColumn("Component", "");
-    table.AddColumn("bar", "");
+    TextTable table = SampleTable(units_, "bar", TextTable::Align::right);
     AddStateColumns(table, both, true);
-    bool any{};
-    for (const auto& [component, bars] : record.barResults) {
-      for (const auto& bar : bars) {
-        any = true;
-        std::vector<std::string> cells = {std::to_string(component + 1),
-                                          std::to_string(bar.number + 1)};
-        AddStateCells(cells, bar, both);
-        cells.push_back(units_.Value(bar.forceUncracked, Dimension::force));
-        if (both) cells.push_back(units_.Value(bar.forceCracked, Dimension::force));
-        table.AddRow(std::move(cells));
-      }
-    }
-    if (any) PrintTable(table, out_);
+    AddSamples(table, record.barResults, units_, [&](auto& cells, const auto& bar) {
+      AddStateCells(cells, bar, both);
+      cells.push_back(units_.Value(bar.forceUncracked, Dimension::force));
+      if (both) cells.push_back(units_.Value(bar.forceCracked, Dimension::force));
+    });
+    PrintTable(table, out_);
   }
 
   void AddStateColumns(TextTable& table, bool both, bool forces) const {
-    AddPlaceColumns(table, units_);
     const auto add = [&](const char* heading, Dimension dimension) {
       table.AddColumn(heading + std::string(both ? " I" : ""), units_.Unit(dimension));
       if (both) table.AddColumn(heading + std::string(" II"), units_.Unit(dimension));
@@ -127,7 +107,6 @@ class SlsCasePrinter {
 
   template <class Sample>
   void AddStateCells(std::vector<std::string>& cells, const Sample& sample, bool both) const {
-    AddPlaceCells(cells, sample, units_);
     cells.push_back(units_.Value(sample.strainUncracked, Dimension::strain));
     if (both) cells.push_back(units_.Value(sample.strainCracked, Dimension::strain));
     cells.push_back(units_.Value(sample.stressUncracked, Dimension::stress));

@@ -1,10 +1,8 @@
 #include "cli/sls_table.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <iterator>
-#include <limits>
 #include <ostream>
 #include <string>
 
@@ -12,20 +10,16 @@
 #include "cli/TextTable.h"
 #include "cli/UnitText.h"
 #include "cli/case_records.h"
-#include "cli/solve_table.h"
+#include "cli/case_table.h"
 #include "model/oxutil/StringFrom.h"
-#include "results/NeutralAxisCalculator.h"
 
 namespace Orlix::Cli {
 
 using Data::Velmo9::AnalysisTask;
 using Data::Velmo9::CaseSLSDetails;
 using Data::Velmo9::SlsResultKind;
-using Align = TextTable::Align;
 
 namespace {
-
-constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
 
 // Columns behind the state.
 constexpr std::size_t kAnswerColumns = 11;
@@ -50,70 +44,28 @@ std::vector<Rank> Ranked(const AnalysisTask& task, const std::vector<int>& cases
   return ranks;
 }
 
-bool ShowsCracked(const CaseSLSDetails& record) {
-  return record.cracked && record.stressStrainSummary.cracked.has_value();
-}
-
-double MostCompressedConcrete(const CaseSLSDetails& record) {
-  double least = kNone;
-  for (const auto& [component, points] : record.pointResults) {
-    for (const auto& point : points) {
-      if (point.materialType != L"concrete") continue;
-      least = std::fmin(least, ShowsCracked(record) ? point.stressCracked : point.stressUncracked);
-    }
-  }
-  return least;
-}
-
-double LargestBarStress(const CaseSLSDetails& record) {
-  const auto& both = record.stressStrainSummary;
-  const auto& summary = ShowsCracked(record) ? *both.cracked : both.uncracked;
-  if (!summary.HasRebar()) return kNone;
-  const auto [max, min, maxStrain, minStrain] = summary.Rebar();
-  return std::abs(max) >= std::abs(min) ? max : min;
-}
-
-void AddLoadColumns(TextTable& table, const UnitText& units) {
-  table.AddColumn("N", units.Unit(Dimension::force));
-  table.AddColumn("Myy", units.Unit(Dimension::moment));
-  table.AddColumn("Mzz", units.Unit(Dimension::moment));
-}
-
-void AddPlaneColumns(TextTable& table, const UnitText& units) {
-  table.AddColumn("eps0", units.Unit(Dimension::strain));
-  table.AddColumn("kyy", units.Unit(Dimension::curvature));
-  table.AddColumn("kzz", units.Unit(Dimension::curvature));
-}
-
 // What is applied stands first, what answers it behind the state.
 TextTable MakeTable(const UnitText& units, bool isLoad) {
   TextTable table;
-  table.AddColumn("Case", "");
-  table.AddColumn("name", "", Align::left);
-  (isLoad ? AddLoadColumns : AddPlaneColumns)(table, units);
-  table.AddColumn("state", "", Align::left);
+  AddCaseColumns(table);
+  isLoad ? AddLoadColumns(table, units) : AddPlaneColumns(table, units);
+  table.AddColumn("state", "", TextTable::Align::left);
   table.AddColumn("cracking", "");
   table.AddColumn("zeta", "");
-  (isLoad ? AddPlaneColumns : AddLoadColumns)(table, units);
+  isLoad ? AddPlaneColumns(table, units) : AddLoadColumns(table, units);
   table.AddColumn("EIyy", units.Unit(Dimension::bendingStiffness));
   table.AddColumn("EIzz", units.Unit(Dimension::bendingStiffness));
-  table.AddColumn("NA angle", "°");
-  table.AddColumn("NA offset", units.Unit(Dimension::sectionDimensions));
-  table.AddColumn("concrete", units.Unit(Dimension::stress));
-  table.AddColumn("bar", units.Unit(Dimension::stress));
+  AddStressColumns(table, units);
   return table;
 }
 
-std::vector<std::string> Cells(const Rank& rank, const CaseSLSDetails& record,
-                               const AnalysisTask& task, const UnitText& units) {
+Cells CellsOf(const Rank& rank, const CaseSLSDetails& record, const AnalysisTask& task,
+              const UnitText& units) {
   const bool isLoad = task.Action() == LoadAction::load;
-  const Data::Velmo9::TaskCase& input = task.Cases()[static_cast<std::size_t>(rank.iCase)];
-  std::vector<std::string> cells = {std::to_string(rank.iCase + 1), input.name};
-  const auto append = [&cells](const std::array<std::string, 3>& three) {
-    cells.insert(cells.end(), three.begin(), three.end());
-  };
-  append(isLoad ? units.Load(Data::Velmo9::VelmoLoad(input.input))
-                : units.Plane(Data::Velmo9::Deformation(input.input)));
+  const Vec3<double>& input = task.Cases()[static_cast<std::size_t>(rank.iCase)].input;
+  Cells cells = CaseCells(task, rank.iCase);
+  AddThree(cells, isLoad ? units.Load(Data::Velmo9::VelmoLoad(input))
+                         : units.Plane(Data::Velmo9::Deformation(input)));
   cells.emplace_back(StateText(record));
   if (!HasSolution(record)) {
     cells.insert(cells.end(), kAnswerColumns, "-");
@@ -121,29 +73,28 @@ std::vector<std::string> Cells(const Rank& rank, const CaseSLSDetails& record,
   }
   cells.push_back(CrackingText(rank.cracking));
   cells.push_back(std::isfinite(record.zeta) ? StringFrom(record.zeta) : "-");
-  append(isLoad ? units.Plane(record.interpolatedDeformation) : units.Load(CarriedLoad(record)));
+  AddThree(cells,
+           isLoad ? units.Plane(record.interpolatedDeformation) : units.Load(CarriedLoad(record)));
   cells.push_back(units.Value(record.stiffness.bendingYY, Dimension::bendingStiffness));
   cells.push_back(units.Value(record.stiffness.bendingZZ, Dimension::bendingStiffness));
-  const NeutralAxisData axis =
-      NeutralAxisCalculator::ComputeNeutralAxisData(record.interpolatedDeformation);
-  cells.push_back(AngleText(axis.angle));
-  cells.push_back(units.Value(axis.offset, Dimension::sectionDimensions));
-  cells.push_back(units.Value(MostCompressedConcrete(record), Dimension::stress));
-  cells.push_back(units.Value(LargestBarStress(record), Dimension::stress));
+  const auto& both = record.stressStrainSummary;
+  const bool cracked = record.cracked && both.cracked.has_value();
+  const double concrete = MostCompressedConcrete(record, [cracked](const auto& point) {
+    return cracked ? point.stressCracked : point.stressUncracked;
+  });
+  AddStressCells(cells, record.interpolatedDeformation, concrete,
+                 cracked ? *both.cracked : both.uncracked, units);
   return cells;
 }
 
-void PrintCounts(const std::vector<Rank>& ranks, std::size_t shown, std::ostream& out) {
+std::string Outcome(const std::vector<Rank>& ranks) {
   const auto unsolved =
       std::count_if(ranks.begin(), ranks.end(), [](const Rank& r) { return !r.solved; });
   const auto cracked = std::count_if(ranks.begin(), ranks.end(),
                                      [](const Rank& r) { return r.solved && r.cracking > 1.0; });
-  out << '\n'
-      << ranks.size() << (ranks.size() == 1 ? " case: " : " cases: ") << cracked << " cracked, "
-      << std::ssize(ranks) - cracked - unsolved << " not cracked, " << unsolved
-      << " without a solution";
-  if (shown < ranks.size()) out << "; " << shown << " shown, --all shows all";
-  out << '\n';
+  return std::to_string(cracked) + " cracked, " +
+         std::to_string(std::ssize(ranks) - cracked - unsolved) + " not cracked, " +
+         std::to_string(unsolved) + " without a solution";
 }
 
 }  // namespace
@@ -182,14 +133,13 @@ void PrintSlsTable(const VelmoApp& app, int iSec, int iTask, const std::vector<i
   }
   const UnitText units(app.pData()->Units());
   TextTable table = MakeTable(units, task.Action() == LoadAction::load);
-  std::vector<int> shown;
-  for (std::size_t i = 0; i < std::min(limit, ranks.size()); ++i) shown.push_back(ranks[i].iCase);
+  const std::vector<int> shown = Shown(ranks, limit);
   auto rank = ranks.begin();
   ForEachSlsRecord(app, iSec, iTask, shown, [&](int, const CaseSLSDetails& record) {
-    table.AddRow(Cells(*rank++, record, task, units));
+    table.AddRow(CellsOf(*rank++, record, task, units));
   });
   table.Print(out);
-  PrintCounts(ranks, shown.size(), out);
+  PrintCounts(ranks.size(), Outcome(ranks), shown.size(), out);
   out << "cracking: tension of the uncracked section over what its concrete bears; zeta: 0 "
          "uncracked to 1 fully cracked\n"
          "EI: secant stiffness; concrete: the most compressed point of the outlines; bar: the "

@@ -15,7 +15,4 @@ namespace Orlix::Cli {
 void PrintCaseTable(const VelmoApp& app, int iSec, int iTask, const std::vector<int>& cases,
                     std::size_t limit, std::ostream& out);
 
-/// Prints the sign rule and the point the loads act at.
-void PrintReadingRules(const VelmoApp& app, int iSec, std::ostream& out);
-
 }  // namespace Orlix::Cli
