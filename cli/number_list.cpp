@@ -16,9 +16,10 @@ int NumberFrom(std::string_view text, std::string_view list, int count, std::str
   int number{};
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
   const std::string shown(text);
+  const std::string place = text == list ? "" : "\"" + std::string(list) + "\": ";
   if (end != text.data() + text.size() || text.empty() || error == std::errc::invalid_argument) {
-    throw CommandError("\"" + std::string(list) + "\": \"" + shown + "\" is no " +
-                       std::string(what) + " number; give numbers and ranges such as 1-20,25");
+    throw CommandError(place + "\"" + shown + "\" is no " + std::string(what) +
+                       " number; give numbers and ranges such as 1-20,25");
   }
   if (error != std::errc() || number < 1 || number > count) {
     throw CommandError(
