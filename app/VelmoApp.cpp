@@ -9,11 +9,11 @@
 #include "app/AppMessages.h"
 #include "app/PreSolutionChecks.h"
 #include "app/model_indices.h"
-#include "app/unit_keys.h"
 #include "legacy/LegacyFileReader.h"
 #include "model/oxutil/JSONUtility.h"
 #include "model/oxutil/json.h"
 #include "model/oxutil/text.h"
+#include "model/vldata/document/unit_keys.h"
 #include "model/vldata/response/SectionCompiler.h"
 
 namespace Orlix {
@@ -104,7 +104,7 @@ void VelmoApp::setTitles(const JsonValue& json) { document_.SetTitle(Data::CTitl
 
 void VelmoApp::setUnits(const JsonValue& json) {
   Data::CUnit units;
-  for (const auto& [key, dimension] : kUnitKeys) {
+  for (const auto& [key, dimension] : Data::kUnitKeys) {
     const JsonValue* unit = Util::FindMember(json, key);
     const JsonValue* label = unit == nullptr ? nullptr : Util::FindMember(*unit, "label");
     const bool found = label != nullptr && label->IsString();

@@ -9,12 +9,12 @@
 #include <vector>
 
 #include "app/VelmoApp.h"
-#include "app/unit_keys.h"
 #include "cli/commands.h"
 #include "cli/documents.h"
 #include "cli/templates.h"
 #include "model/oxdata/codes/CConcCode.h"
 #include "model/oxutil/text.h"
+#include "model/vldata/document/unit_keys.h"
 
 namespace Orlix::Cli {
 
@@ -68,7 +68,7 @@ void SetCode(VelmoApp& app, const Arguments& arguments) {
 
 Dimension DimensionNamed(const std::string& name, const std::string& item) {
   std::vector<std::string> known;
-  for (const auto& [key, dimension] : kUnitKeys) {
+  for (const auto& [key, dimension] : Data::kUnitKeys) {
     if (name == key) return dimension;
     known.emplace_back(key);
   }

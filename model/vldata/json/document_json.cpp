@@ -5,6 +5,7 @@
 
 #include "model/oxutil/json.h"
 #include "model/oxutil/text.h"
+#include "model/vldata/document/unit_keys.h"
 #include "model/vldata/json/ObjectReader.h"
 #include "model/vldata/json/json_values.h"
 
@@ -19,16 +20,6 @@ constexpr std::array<std::pair<std::string_view, std::string CTitles::*>, 5> kTi
     {"description", &CTitles::description},
     {"jobNumber", &CTitles::jobNumber},
     {"initials", &CTitles::initials},
-}};
-
-constexpr std::array<std::pair<std::string_view, Dimension>, 7> kUnits = {{
-    {"force", Dimension::force},
-    {"length", Dimension::length},
-    {"sectionDims", Dimension::sectionDimensions},
-    {"stress", Dimension::stress},
-    {"mass", Dimension::mass},
-    {"strain", Dimension::strain},
-    {"temperature", Dimension::temperature},
 }};
 
 const CodeChoice* ChoiceOf(const Design::ConcreteCode& code) {
@@ -88,7 +79,7 @@ CTitles TitlesFromJson(const Util::JsonValue& json, const JsonPath& path, Proble
 
 Util::JsonValue UnitsToJson(const CUnit& units, Util::JsonAllocator& allocator) {
   Util::JsonValue json(rapidjson::kObjectType);
-  for (const auto& [name, dimension] : kUnits) {
+  for (const auto& [name, dimension] : kUnitKeys) {
     AddText(json, name, std::string_view(to_string(units.UnitString(dimension))), allocator);
   }
   return json;
@@ -97,7 +88,7 @@ Util::JsonValue UnitsToJson(const CUnit& units, Util::JsonAllocator& allocator) 
 CUnit UnitsFromJson(const Util::JsonValue& json, const JsonPath& path, ProblemList& problems) {
   ObjectReader reader(json, path, problems);
   CUnit units;
-  for (const auto& [name, dimension] : kUnits) {
+  for (const auto& [name, dimension] : kUnitKeys) {
     const auto text = reader.WideText(name);
     if (text && !units.SetUnitString(dimension, *text)) {
       reader.Report(name, "the text of a unit of this dimension");

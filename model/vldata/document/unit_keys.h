@@ -4,9 +4,9 @@
 
 #include "model/oxutil/Enumerations.h"
 
-namespace Orlix {
+namespace Orlix::Data {
 
-/// A quantity whose unit can be chosen, and what it is called in `setUnits` and by the program.
+/// A quantity whose unit can be chosen, and what it is called in documents, commands and options.
 struct UnitKey {
   const char* key;
   Dimension dimension;
@@ -22,4 +22,4 @@ inline constexpr std::array<UnitKey, 7> kUnitKeys = {{
     {"temperature", Dimension::temperature},
 }};
 
-}  // namespace Orlix
+}  // namespace Orlix::Data
