@@ -9,15 +9,8 @@
 #include <sstream>
 #include <stdexcept>
 
-#include "model/oxutil/JSONUtility.h"
-
 namespace Orlix::Util {
 namespace {
-
-std::string Nested(int levels) {
-  const auto count = static_cast<std::size_t>(levels);
-  return std::string(count, '[') + std::string(count, ']');
-}
 
 TEST(ParseJson, SaysWhereTheTextIsWrongAndWhatWasExpected) {
   const std::string deep = std::string(64, '[');
@@ -38,11 +31,9 @@ TEST(ParseJson, SaysWhereTheTextIsWrongAndWhatWasExpected) {
       {"[\"\\q\"]",
        "line 1, column 3: expected no control character and no unknown escape in a string"},
       {"[1e999]", "line 1, column 2: expected a number within the range of doubles"},
-      {"[NaN]", "line 1, column 2: expected a value"},
       {"[1.]", "line 1, column 4: expected a digit"},
       {"[\"\xFF\"]", "line 1, column 5: expected UTF-8 text"},
       {"[\"\\uDC00\"]", "line 1, column 10: expected UTF-8 text"},
-      {"\xEF\xBB[]", "line 1, column 1: expected UTF-8 text"},
       {deep + "[", "line 1, column 65: expected at most 64 arrays and objects within one another"},
       {deep + "{}", "line 1, column 65: expected at most 64 arrays and objects within one another"},
   };
@@ -61,35 +52,26 @@ TEST(ParseJson, SaysWhereTheTextIsWrongAndWhatWasExpected) {
   }
 }
 
-TEST(ParseJson, ReadsNoFurtherThanTheFirstFault) {
-  std::istringstream stream(std::string(1'000'000, '['));
-  JsonDocument document;
-  std::string error;
-  EXPECT_FALSE(ParseJson(stream, document, error));
-  EXPECT_LE(stream.tellg(), 70);  // 65 brackets and what the reader looks ahead
-}
-
-TEST(ParseJson, AcceptsTheDeepestNestingAndAByteOrderMark) {
+TEST(ParseJson, AcceptsTheDeepestNestingAndReadsNoFurtherThanTheFirstFault) {
+  const std::string deepest =
+      std::string(kMaxJsonDepth - 1, '[') + std::string(kMaxJsonDepth - 1, ']');
   JsonDocument document;
   std::string error = "an old error";
-  EXPECT_TRUE(ParseJson("\xEF\xBB\xBF" + Nested(kMaxJsonDepth), document, error));
+  EXPECT_TRUE(ParseJson("\xEF\xBB\xBF[[],{\"a\":[]}," + deepest + "]", document, error)) << error;
   EXPECT_EQ(error, "");
-  EXPECT_TRUE(ParseJson("[[],[],{\"a\":[]}," + Nested(kMaxJsonDepth - 1) + "]", document, error));
+  std::istringstream stream(std::string(1'000'000, '['));
+  EXPECT_FALSE(ParseJson(stream, document, error));
+  EXPECT_LE(stream.tellg(), 70);  // 65 brackets and what the reader looks ahead
 }
 
 TEST(ParseJson, KeepsIntegersWhole) {
   JsonDocument d;
   std::string error;
   ASSERT_TRUE(
-      ParseJson("[-1, 2147483648, 18446744073709551615, 18446744073709551616, "
-                "-9223372036854775808, 0e-99999999999]",
-                d, error));
-  EXPECT_EQ(d[0].GetInt(), -1);
-  EXPECT_TRUE(d[1].IsUint() && !d[1].IsInt());
-  EXPECT_EQ(d[2].GetUint64(), std::numeric_limits<std::uint64_t>::max());
-  EXPECT_EQ(d[3].GetDouble(), 0x1p64);
-  EXPECT_EQ(d[4].GetInt64(), std::numeric_limits<std::int64_t>::min());
-  EXPECT_EQ(d[5].GetDouble(), 0);
+      ParseJson("[-9223372036854775808, 18446744073709551615, 18446744073709551616]", d, error));
+  EXPECT_EQ(d[0].GetInt64(), std::numeric_limits<std::int64_t>::min());
+  EXPECT_EQ(d[1].GetUint64(), std::numeric_limits<std::uint64_t>::max());
+  EXPECT_EQ(d[2].GetDouble(), 0x1p64);
 }
 
 TEST(PrettyJson, EveryFiniteDoubleComesBack) {
@@ -113,16 +95,13 @@ TEST(PrettyJson, EveryFiniteDoubleComesBack) {
 TEST(PrettyJson, WritesWhatJsonCanHold) {
   JsonDocument d(rapidjson::kObjectType);
   JsonAllocator& memory = d.GetAllocator();
-  d.AddMember("number", 5.0, memory);
-  d.AddMember("none", JsonValue(std::numeric_limits<double>::quiet_NaN()), memory);
   JsonValue list(rapidjson::kArrayType);
   list.PushBack(-std::numeric_limits<double>::infinity(), memory).PushBack(1, memory);
-  d.AddMember("list", list, memory);
+  d.AddMember("number", 5.0, memory).AddMember("list", list, memory);
   d.AddMember("bad", "\xFF\u2030", memory);
   EXPECT_EQ(PrettyJson(d),
-            "{\n    \"number\": 5.0,\n    \"none\": null,\n    \"list\": [\n        null,\n"
-            "        1\n    ],\n    \"bad\": \"\uFFFD\u2030\"\n}");
-  EXPECT_EQ(JSONUtility::GetJsonString(d).substr(0, 16), L"{\n    \"number\": ");
+            "{\n    \"number\": 5.0,\n    \"list\": [\n        null,\n        1\n    ],\n"
+            "    \"bad\": \"\uFFFD\u2030\"\n}");
   EXPECT_EQ(FindMember(d, "list")->Size(), 2u);
   EXPECT_EQ(FindMember(d, "absent"), nullptr);
   EXPECT_EQ(FindMember(d["list"], "list"), nullptr);

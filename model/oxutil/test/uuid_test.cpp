@@ -10,16 +10,14 @@ namespace {
 TEST(NewUuid, HasTheFormOfVersionFourAndNeverRepeats) {
   std::set<std::string> seen;
   for (int i = 0; i < 1000; ++i) {
-    const std::string id = NewUuid();
-    ASSERT_EQ(id.size(), 36u);
-    for (std::size_t k = 0; k < id.size(); ++k) {
-      const std::string allowed = k == 8 || k == 13 || k == 18 || k == 23 ? "-"
-                                  : k == 14                               ? "4"
-                                  : k == 19                               ? "89ab"
-                                                                          : "0123456789abcdef";
-      ASSERT_NE(allowed.find(id[k]), std::string::npos) << id;
-    }
+    std::string id = NewUuid();
     EXPECT_TRUE(seen.insert(id).second);
+    ASSERT_EQ(id.size(), 36u);
+    EXPECT_NE(std::string("89ab").find(id[19]), std::string::npos) << id;
+    for (char& c : id) {
+      if (std::string("0123456789abcdef").find(c) != std::string::npos && &c != &id[14]) c = 'x';
+    }
+    EXPECT_EQ(id, "xxxxxxxx-xxxx-4xxx-xxxx-xxxxxxxxxxxx");
   }
 }
 
