@@ -61,7 +61,6 @@ struct Case {
   std::vector<Vec2<double>> values;  // strain, stress [MPa]
 
   bool IsCap() const { return shape.epsLimit == 0.0 && type != MatType::FRP; }
-  bool HasStep() const { return shape.kind == CurveKind::rectangularBlock; }
 };
 
 /// Rows as calls, which are laid out more closely than nested lists.
@@ -81,21 +80,15 @@ std::vector<Case> Cases() {
   using enum CurveKind;
   return {
       Row("none", concrete, Shape(none), conc, 1.0, {{0.5, 0}}),
-      Row("linear", concrete, Shape(linear), conc, 1.0, {{0.001, 30}}),
       Row("linear FRP breaks at its strength", MatType::FRP, Shape(linear), yield, 0.002,
           {{0.001, 200}, {0.01, 400}}),
-      Row("bilinear", bar, Shape(bilinear), yield, 0.1, {{0.001, 200}, {0.002, 400}, {0.05, 400}}),
-      Row("bilinear, steel", steel, Shape(bilinear), yield, 0.05, {{0.03, 400}}),
+      Row("bilinear", steel, Shape(bilinear), yield, 0.05, {{0.001, 200}, {0.03, 400}}),
       Row("bilinear with a peak strain", concrete, Shape(bilinear, 0.00175, 0.0035), conc, 0.0035,
           {{0.000875, 10}, {0.003, 20}}),
       Row("bilinear cut before its strength", steel, Hardening(1.0, 0.0, 0.001), yield, 0.001,
           {{0.0005, 100}, {0.002, 200}}),
-      Row("hardening", bar, Hardening(1.25, 0.052, 0.042), yield, 0.042,
-          {{0.002, 400}, {0.027, 450}, {0.042, 480}}),
       Row("hardening, then horizontal", bar, Hardening(1.25, 0.052, 0.08), yield, 0.08,
-          {{0.052, 500}, {0.08, 500}}),
-      Row("parabola of degree 1", concrete, Parabola(0.002, 1, 0.0035), conc, 0.0035,
-          {{0.001, 10}, {0.003, 20}}),
+          {{0.002, 400}, {0.027, 450}, {0.052, 500}, {0.08, 500}}),
       Row("parabola of degree 2", concrete, Parabola(0.002, 2, 0.0035), conc, 0.0035,
           {{0.001, 15}, {0.002, 20}, {0.0035, 20}}),
       Row("parabola of degree 3", concrete, Parabola(0.002, 3, 0.0), conc, 1.0,
@@ -106,7 +99,6 @@ std::vector<Case> Cases() {
           {{0.0026, 20}}),
       Row("block", concrete, Block(0.0007, 0.9, 0.0035), conc, 0.0035,
           {{0.0006, 0}, {0.001, 18}, {0.01, 18}}),
-      Row("block from zero strain", concrete, Block(0.0, 1.0, 0.003), conc, 0.003, {{0.001, 20}}),
       // (1.75 h - h²) / (1 - 0.25 h) at h = 0.5 and 1.5: 5/7 and 0.6.
       Row("non-linear", concrete, Shape(nonLinear, 0.002, 0.003), k175, 0.003,
           {{0.001, 150.0 / 7}, {0.002, 30}, {0.003, 18}}),
@@ -133,42 +125,34 @@ TEST(CMatCurveParam, HasTheStressesOfItsShape) {
   }
 }
 
-TEST(CMatCurveParam, IsContinuousButForSteps) {
+TEST(CMatCurveParam, IsContinuousButForStepsAndInvertedByStrain) {
   for (const Case& c : Cases()) {
     SCOPED_TRACE(c.what);
     const CMatCurveParam curve = Symmetric(c.type, c.shape, c.scale);
     const auto& segments = curve.Segments();
     bool stepped = false;
-    for (std::size_t i = 0; i < segments.size(); ++i) {
+    for (std::size_t i = 1; i < segments.size(); ++i) {
       ASSERT_LT(segments[i].from, segments[i].to);
-      if (i == 0) continue;
       ASSERT_EQ(segments[i].from, segments[i - 1].to);
       const double jump =
           segments[i].Stress(segments[i].from) - segments[i - 1].Stress(segments[i].from);
       stepped = stepped || std::abs(jump) > 1e-14 * c.scale.strength;  // a few roundings
     }
-    EXPECT_EQ(stepped, c.HasStep());
-  }
-}
+    EXPECT_EQ(stepped, c.shape.kind == CurveKind::rectangularBlock);
 
-TEST(CMatCurveParam, StrainInvertsStress) {
-  for (const Case& c : Cases()) {
-    SCOPED_TRACE(c.what);
-    const CMatCurveParam curve = Symmetric(c.type, c.shape, c.scale);
     double peak = 0.0;
     for (int i = 0; i <= 1000; ++i) peak = std::max(peak, curve.Stress(i * c.limit / 1000.0));
     double last = 0.0;
-    for (const double share : {1e-9, 0.01, 0.3, 0.7, 0.99, 0.999999}) {
-      const double stress = share * peak;
-      const double strain = curve.Strain(stress);
+    for (const double share : {1e-9, 0.3, 0.99, 0.999999}) {
+      const double strain = curve.Strain(share * peak);
       EXPECT_GE(strain, last);
       last = strain;
-      if (!c.HasStep()) {
-        // The slope near a peak loses half the digits of the strain, none of the stress.
-        EXPECT_NEAR(curve.Stress(strain), stress, 1e-13 * peak) << share;
+      // The slope near a peak loses half the digits of the strain, none of the stress.
+      if (!stepped) {
+        EXPECT_NEAR(curve.Stress(strain), share * peak, 1e-13 * peak);
       }
       if (c.shape.kind != CurveKind::interpolated) {
-        EXPECT_DOUBLE_EQ(curve.Strain(-stress), -strain);
+        EXPECT_DOUBLE_EQ(curve.Strain(-share * peak), -strain);
       }
     }
   }
@@ -184,34 +168,19 @@ TEST(CMatCurveParam, StrainOfPlateausPeaksAndSteps) {
     double stress;
     double want;
   } kCases[] = {
-      {"plateau: its start", Shape(CurveKind::bilinear), steel, 400 * kMPa, 0.002},
       {"above the plateau", Shape(CurveKind::bilinear), steel, 500 * kMPa, 0.002},
       {"above hardening", Hardening(1.25, 0.052, 0.08), steel, 600 * kMPa, 0.052},
       {"peak of the parabola", Parabola(0.002, 2, 0.0035), concrete, 20 * kMPa, 0.002},
-      {"above a power curve", Parabola(0.002, 1.5, 0.0035), concrete, 30 * kMPa, 0.002},
       {"above the non-linear peak", Shape(CurveKind::nonLinear, 0.0022, 0.0035), concrete,
        30 * kMPa, 0.0022},
       {"within a step", Block(0.0007, 1, 0.0035), concrete, 10 * kMPa, 0.0007},
       {"no stress", Shape(CurveKind::none), concrete, 10 * kMPa, 0.0},
-      {"zero", Parabola(0.002, 2, 0.0035), concrete, 0.0, 0.0},
   };
   for (const auto& c : kCases) {
     SCOPED_TRACE(c.what);
     const CMatCurveParam curve = Symmetric(MatType::concrete, c.shape, c.scale);
     EXPECT_DOUBLE_EQ(curve.Strain(c.stress), c.want);
     EXPECT_DOUBLE_EQ(curve.Strain(-c.stress), -c.want);
-  }
-}
-
-TEST(CMatCurveParam, ExchangedSidesMirrorTheCurve) {
-  CMatCurveParam curve(MatType::concrete);
-  CMatCurveParam mirrored(MatType::concrete);
-  const CurveShape one = Parabola(0.0022, 1.75, 0.0031);
-  const CurveShape other = Shape(CurveKind::nonLinear, 0.0022, 0.0032);
-  curve.SetShapes(one, other, {30 * kMPa, 35e9});
-  mirrored.SetShapes(other, one, {30 * kMPa, 35e9});
-  for (int i = -40; i <= 40; ++i) {
-    EXPECT_DOUBLE_EQ(curve.Stress(i * 1e-4), -mirrored.Stress(-i * 1e-4));
   }
 }
 
@@ -231,14 +200,11 @@ TEST(CMatCurveParam, ShapesWithoutSenseLeaveNoCurve) {
       {"limit not a number", Parabola(0.002, 2, kNan), scale},
       {"uniform limit beyond the limit", uniform, scale},
       {"no strength", Parabola(0.002, 2, 0.0035), {0.0, 30e9}},
-      {"infinite strength", Parabola(0.002, 2, 0.0035), {HUGE_VAL, 30e9}},
       {"linear without modulus", Shape(CurveKind::linear), {20 * kMPa, 0.0}},
-      {"bilinear without modulus", Shape(CurveKind::bilinear), {20 * kMPa, 0.0}},
       {"hardening ends before yielding", Hardening(1.1, 0.0001, 0.01), scale},
       {"block starts at the limit", Block(0.0035, 1, 0.0035), scale},
       {"non-linear that does not rise", Shape(CurveKind::nonLinear, 0.0005, 0.001), scale},
       {"non-linear beyond its zero", Shape(CurveKind::nonLinear, 0.002, 0.1), scale},
-      {"non-linear without limit", Shape(CurveKind::nonLinear, 0.002), scale},
       {"explicit without points", Shape(CurveKind::explicitPoints), scale},
   };
   for (const auto& c : kCases) {
@@ -258,35 +224,28 @@ struct ExplicitCase {
   std::vector<Vec2<double>> values;  // strain, stress [MPa], compression positive
 };
 
-ExplicitCase Table(const char* what, MatType type, double tensionLimit, double compressionLimit,
-                   const std::vector<Vec2<double>>& rows, const std::vector<Vec2<double>>& values) {
-  return {what, type, tensionLimit, compressionLimit, rows, values};
-}
-
 TEST(CMatCurveParam, ExplicitPointsAreTensionPositive) {
   const MatType concrete = MatType::concrete;
   const MatType steel = MatType::steel;
   const ExplicitCase kCases[] = {
-      Table("both sides", concrete, 0.0002, 0.003,
-            {{-0.003, -30}, {-0.001, -20}, {0, 0}, {0.0001, 2}, {0.0002, 0}},
-            {{0.001, 20}, {0.002, 25}, {0.01, 30}, {-0.00005, -1}, {-0.00015, -1}, {-1, 0}}),
-      Table("unsorted, one row twice", concrete, 0.0001, 0.003,
-            {{0.0001, 2}, {-0.003, -30}, {0.0001, 2}, {-0.001, -20}},
-            {{0.0005, 10}, {0.002, 25}, {-0.00005, -1}}),
-      Table("no point in tension", concrete, 1.0, 0.002, {{0, 0}, {-0.002, -20}},
-            {{0.001, 10}, {-0.001, 0}}),
-      Table("steel mirrors tension", steel, 0.05, 0.05, {{0.002, 400}, {0.05, 500}},
-            {{0.001, 200}, {-0.001, -200}, {0.026, 450}}),
-      Table("bars mirror compression", MatType::reinforcement, 0.05, 0.05,
-            {{-0.002, -400}, {-0.05, -400}}, {{0.001, 200}, {-0.03, -400}}),
-      Table("FRP does not mirror", MatType::FRP, 0.01, 0.05, {{0.01, 1000}},
-            {{0.01, 0}, {-0.005, -500}}),
-      Table("step on the way up", concrete, 1.0, 0.0035,
-            {{-0.0035, -20}, {-0.0007, -20}, {-0.0007, 0}, {0, 0}}, {{0.0006, 0}, {0.0008, 20}}),
-      Table("the same step on the way down", concrete, 1.0, 0.0035,
-            {{0, 0}, {-0.0007, 0}, {-0.0007, -20}, {-0.0035, -20}}, {{0.0006, 0}, {0.0008, 20}}),
-      Table("step at zero strain", steel, 0.05, 0.05,
-            {{-0.05, -400}, {0, -400}, {0, 400}, {0.05, 400}}, {{0.001, 400}, {-0.001, -400}}),
+      ExplicitCase("both sides", concrete, 0.0002, 0.003,
+                   {{-0.003, -30}, {-0.001, -20}, {0, 0}, {0.0001, 2}, {0.0002, 0}},
+                   {{0.001, 20}, {0.002, 25}, {0.01, 30}, {-0.00005, -1}, {-0.00015, -1}, {-1, 0}}),
+      ExplicitCase("unsorted, one row twice", concrete, 0.0001, 0.003,
+                   {{0.0001, 2}, {-0.003, -30}, {0.0001, 2}, {-0.001, -20}},
+                   {{0.0005, 10}, {0.002, 25}, {-0.00005, -1}}),
+      ExplicitCase("steel mirrors tension", steel, 0.05, 0.05, {{0.002, 400}, {0.05, 500}},
+                   {{0.001, 200}, {-0.001, -200}, {0.026, 450}}),
+      ExplicitCase("bars mirror compression", MatType::reinforcement, 0.05, 0.05,
+                   {{-0.002, -400}, {-0.05, -400}}, {{0.001, 200}, {-0.03, -400}}),
+      ExplicitCase("FRP does not mirror", MatType::FRP, 0.01, 0.05, {{0.01, 1000}},
+                   {{0.01, 0}, {-0.005, -500}}),
+      ExplicitCase("step, from zero down", concrete, 1.0, 0.0035,
+                   {{0, 0}, {-0.0007, 0}, {-0.0007, -20}, {-0.0035, -20}},
+                   {{0.0006, 0}, {0.0008, 20}}),
+      ExplicitCase("step at zero strain", steel, 0.05, 0.05,
+                   {{-0.05, -400}, {0, -400}, {0, 400}, {0.05, 400}},
+                   {{0.001, 400}, {-0.001, -400}}),
   };
   for (const ExplicitCase& c : kCases) {
     SCOPED_TRACE(c.what);
@@ -298,9 +257,6 @@ TEST(CMatCurveParam, ExplicitPointsAreTensionPositive) {
     EXPECT_EQ(curve.TensionLimit(), c.tensionLimit);
     EXPECT_EQ(curve.CompressionLimit(), c.compressionLimit);
     for (const auto& v : c.values) EXPECT_NEAR(curve.Stress(v.x), v.y * kMPa, 1e-6) << v.x;
-    for (std::size_t i = 1; i < curve.Segments().size(); ++i) {
-      EXPECT_EQ(curve.Segments()[i].from, curve.Segments()[i - 1].to);
-    }
   }
 }
 
@@ -312,14 +268,6 @@ TEST(CMatCurveParam, RefusesTablesItCannotUse) {
     table.AddRow(row);
     curve.SetExplicitPoints(table);
     EXPECT_TRUE(curve.Segments().empty());
-  }
-}
-
-TEST(CMatCurveParam, ServiceModelsHaveTheirCommonPart) {
-  for (const CurveKind kind : {CurveKind::bs8110Tension, CurveKind::interpolated}) {
-    const CMatCurveParam curve = Symmetric(MatType::concrete, Shape(kind), {20 * kMPa, 30e9});
-    EXPECT_DOUBLE_EQ(curve.Stress(0.002), 60 * kMPa);
-    EXPECT_EQ(curve.Stress(-0.002), 0.0);
   }
 }
 

