@@ -28,32 +28,24 @@ TEST(CVelmoData, CopiesAreIndependent) {
   CVelmoData copy(original);
   CVelmoData assigned;
   assigned = original;
-  EXPECT_EQ(WriteDocument(copy), before);
   for (CVelmoData* other : {&copy, &assigned}) {
+    EXPECT_EQ(WriteDocument(*other), before);
     CMat& grade = other->getMaterials()->Grade(MatType::concrete, 0);
     grade = Edited(grade, 1.0);
     other->getSection(0).Components().clear();
     other->getSection(0).Task(0).addCase();
     EXPECT_EQ(WriteDocument(original), before);
   }
-  copy.UpdateModelId();
-  EXPECT_NE(copy.ModelId(), original.ModelId());
   CVelmoData& same = original;
   original = same;
   EXPECT_EQ(WriteDocument(original), before);
-}
-
-TEST(CVelmoData, ASectionOrTaskOfItsOwnCanBeAdded) {
-  CVelmoData document = BlockDocument({});
-  for (int i = 0; i < 20; ++i) {  // often enough for the vectors to move
-    document.AddSection(document.Section(0));
-    document.getSection(0).AddTask(document.Section(0).Task(0));
+  for (int i = 0; i < 20; ++i) {  // its own, often enough for the vectors to move
+    original.AddSection(original.Section(0));
+    original.getSection(0).AddTask(original.Section(0).Task(0));
   }
-  EXPECT_EQ(document.Section(20).Components(), document.Section(0).Components());
-  EXPECT_EQ(document.Section(0).Tasks().size(), 21U);
-  EXPECT_THROW(document.Section(21), std::out_of_range);
-  EXPECT_THROW(document.Section(-1), std::out_of_range);
-  EXPECT_THROW(document.Section(0).Task(-1), std::out_of_range);
+  EXPECT_EQ(original.Section(20).Components(), original.Section(0).Components());
+  EXPECT_THROW(original.Section(21), std::out_of_range);
+  EXPECT_THROW(original.Section(-1), std::out_of_range);
 }
 
 TEST(CVelmoData, ANewCodeTakesItsStandardGradesAlongAndLeavesEditedOnes) {
@@ -68,8 +60,6 @@ TEST(CVelmoData, ANewCodeTakesItsStandardGradesAlongAndLeavesEditedOnes) {
   EXPECT_EQ(Concrete(document, L"C30/37").Properties().alpha, 0.85);
   document.SetCodes(ParseText(R"({"concrete": "EN 1992-1-1:2004"})"));  // the annex stays
   EXPECT_EQ(Concrete(document, L"C30/37").Properties().alpha, 0.85);
-  document.SetCodes(L"EN 1992-1-1:2004");  // the name alone: the annex listed first
-  EXPECT_EQ(Concrete(document, L"C30/37").Properties().alpha, 1.0);
 }
 
 TEST(CVelmoData, AnotherCodeAndBackIsTheSameDocument) {
@@ -87,7 +77,7 @@ TEST(CVelmoData, AnotherCodeAndBackIsTheSameDocument) {
 }
 
 TEST(CVelmoData, GradesInUseStayUnderANewCodeAndAreReported) {
-  CVelmoData document = BlockDocument({{0.1, 0.0}, {-0.1, 0.0}});    // C30/37, B500B
+  CVelmoData document = BlockDocument({{0.1, 0.0}});                 // C30/37, B500B
   CMat& own = document.getMaterials()->Grade(MatType::concrete, 0);  // C12/15
   own = Edited(own, 1.3);
   const CMat edited = own;
@@ -102,13 +92,9 @@ TEST(CVelmoData, GradesInUseStayUnderANewCodeAndAreReported) {
   EXPECT_EQ(materials.Grade(MatType::concrete, 0), edited);
   const CSecComp& block = document.Section(0).Components()[0];
   EXPECT_EQ(materials.Grade(MatType::concrete, block.MaterialGrade()), used);
-  for (const CBar& bar : block.Concrete().Bars()) {
-    EXPECT_EQ(materials.Reinforcement(bar.Grade()).Name(), L"B500B");
-  }
-  const auto& aci = document.concreteCode().Data();
+  EXPECT_EQ(materials.Reinforcement(block.Concrete().Bars()[0].Grade()).Name(), L"B500B");
   EXPECT_EQ(static_cast<std::size_t>(materials.NumGrades(MatType::concrete)),
-            2 + aci.concretes.size());
-  EXPECT_EQ(static_cast<std::size_t>(materials.NumGrades(MatType::steel)), aci.steels.size());
+            2 + document.concreteCode().Data().concretes.size());
   document.SetCodes(L"EN 1992-1-1:2004");
   EXPECT_EQ(ProblemText(document), "");
   EXPECT_EQ(Concrete(document, L"C30/37"), used);
@@ -129,7 +115,6 @@ TEST(CVelmoData, AWrongCodeChangesNothing) {
 
 TEST(CVelmoData, SetsAndResetsGrades) {
   CVelmoData document;
-  const int count = document.getMaterials()->NumGrades(MatType::concrete);
   document.SetGrade(ParseText(R"({"type": "concrete", "name": "C30/37", "gamma": 1.2})"), true);
   document.SetGrade(ParseText(R"({"type": "concrete", "name": "C30/37", "f_ct": 1e6})"), false);
   EXPECT_EQ(ProblemText(document), "");
@@ -156,21 +141,18 @@ TEST(CVelmoData, SetsAndResetsGrades) {
     EXPECT_EQ(document.ReadProblems().size(), 1U) << grade << "\n" << ProblemText(document);
   }
   EXPECT_EQ(*document.getMaterials(), before);
-  EXPECT_EQ(document.getMaterials()->NumGrades(MatType::concrete), count);
 }
 
 TEST(CVelmoData, MovesOwnGradesOfComponentsIntoTheTables) {
   CVelmoData document = BlockDocument({});
   const CMat standard = Concrete(document, L"C30/37");
-  CMat unnamed(MatType::steel);
-  CMat bar(MatType::reinforcement);
   auto& components = document.getSection(0).Components();
   components.resize(5, components.front());
   components[0].SetUserDefinedGrade(standard);
   components[1].SetUserDefinedGrade(Edited(standard, 1.1));
   components[2].SetUserDefinedGrade(Edited(standard, 1.1));
-  components[3].SetUserDefinedGrade(unnamed);
-  components[4].SetUserDefinedGrade(bar);
+  components[3].SetUserDefinedGrade(CMat(MatType::steel));
+  components[4].SetUserDefinedGrade(CMat(MatType::reinforcement));
   const Materials before = *document.getMaterials();
   EXPECT_TRUE(document.IsMigrationOfGradesRequired());
   document.SetUserDefinedGradesToSections();
@@ -185,8 +167,6 @@ TEST(CVelmoData, MovesOwnGradesOfComponentsIntoTheTables) {
   EXPECT_EQ(moved[1].MaterialGrade(), count);
   EXPECT_EQ(moved[2].MaterialGrade(), count);
   EXPECT_EQ(materials.Grade(MatType::concrete, count).Name(), L"C30/37 (2)");
-  EXPECT_EQ(materials.Grade(MatType::concrete, count).Properties().gamma, 1.1);
-  EXPECT_EQ(moved[3].MaterialType(), MatType::steel);
   EXPECT_EQ(materials.Grade(MatType::steel, moved[3].MaterialGrade()).Name(), L"user-defined");
   EXPECT_EQ(moved[4].MaterialType(), MatType::concrete);
 }
@@ -198,16 +178,9 @@ TEST(CVelmoData, CrackedResultsApplyWhereAnIncludedConcreteHasSuchAModel) {
   EXPECT_FALSE(document.HasMaterialModel(section, 0, LoadState::ULS, 22));
   EXPECT_FALSE(document.HasMaterialModel(section, 0, LoadState::SLS, 20));
   EXPECT_TRUE(document.ShouldCalculateCracked(section, 0));
-  document.SetGrade(ParseText(R"({"type": "concrete", "name": "C30/37", "sls": {
-      "compression": {"curve": "BS 8110 tension"}, "tension": {"curve": "BS 8110 tension"}}})"),
-                    true);
-  EXPECT_TRUE(document.HasMaterialModel(section, 0, LoadState::SLS, 20));
-  EXPECT_TRUE(document.ShouldCalculateCracked(section, 0));
   document.getSection(0).Task(0).SetIncludedComponents({1});
   EXPECT_FALSE(document.ShouldCalculateCracked(section, 0));
   EXPECT_FALSE(section.hasConcreteComponent(0));
-  document.getSection(0).Task(0).SetIncludedComponents({0});
-  EXPECT_TRUE(section.hasConcreteComponent(0));
 }
 
 }  // namespace

@@ -39,14 +39,15 @@ std::string ProblemText(const CVelmoData& document) {
   return text;
 }
 
+CSecGeom Rectangle(double width, double depth, Vec2<double> centre) {
+  return CSecGeom(ShapeKind::rectangle, {.width = width, .depth = depth}, centre);
+}
+
 CVelmoData BlockDocument(std::initializer_list<Vec2<double>> bars) {
   CVelmoData document;
   const Materials& materials = *document.getMaterials();
-  ShapeDimensions dimensions;
-  dimensions.width = 0.4;
-  dimensions.depth = 0.6;
   CSecComp block(MatType::concrete, materials.Find(MatType::concrete, L"C30/37"),
-                 CSecGeom(ShapeKind::rectangle, dimensions));
+                 Rectangle(0.4, 0.6));
   const int grade = materials.Find(MatType::reinforcement, L"B500B");
   Reinforcement reinforcement;
   for (const Vec2<double>& place : bars) {
