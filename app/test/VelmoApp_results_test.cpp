@@ -128,7 +128,6 @@ TEST_F(VelmoAppResults, IndicesThatAreNotThere) {
     const char* message;
   } kCases[] = {
       {1, 0, "2 is not a valid section number."},
-      {-1, -1, "0 is not a valid section number."},
       {0, 1, "2 is not a valid task number for Section 1."},
       {0, -1, "0 is not a valid task number for Section 1."},
   };
