@@ -6,6 +6,7 @@
 #include <iterator>
 #include <stdexcept>
 #include <string>
+#include <vector>
 
 #include "model/oxdata/codes/en1992/concrete.h"
 #include "model/oxdata/materials/Materials.h"
@@ -81,8 +82,10 @@ TEST(CConcCode, ConcretesOfEn1992AreDesignValues) {
       EXPECT_NEAR(uls.Stress(0.0026), alpha * kTable31[i].fck * 1e6 / 1.5, 1e3);
       EXPECT_EQ(uls.Stress(-0.001), 0.0);
       EXPECT_EQ(uls.UniformCompressionLimit(), En1992::ParabolaPeakStrain(kTable31[i].fck * 1e6));
-      EXPECT_EQ(concrete.Model(LoadState::SLS, LoadSign::compression), CurveKind::interpolated);
       EXPECT_EQ(concrete.Model(LoadState::SLS, LoadSign::tension), CurveKind::interpolated);
+      const CMatCurveParam& sls = concrete.Curve(LoadState::SLS);
+      EXPECT_DOUBLE_EQ(sls.Stress(1e-4), 1e-4 * concrete.Properties().E);
+      EXPECT_EQ(sls.Stress(-1e-4), 0.0);
     }
   }
 }
@@ -125,17 +128,24 @@ TEST(CConcCode, EveryCodeHasSoundGradesOfEveryKind) {
   }
 }
 
-TEST(CConcCode, StructuralSteelsOfEn1992YieldUnreducedAtTheirThickness) {
-  const CConcCode code;
-  const double kYield[] = {235, 225, 275, 265, 355, 345, 460, 440};  // EN 10025
-  ASSERT_EQ(code.Data().steels.size(), std::size(kYield));
-  for (std::size_t i = 0; i < std::size(kYield); ++i) {
-    for (const LoadState state : {LoadState::ULS, LoadState::SLS}) {
-      const CMatCurveParam& curve = code.Data().steels[i].Curve(state);
-      EXPECT_DOUBLE_EQ(curve.Stress(-0.04), -kYield[i] * 1e6);
-      EXPECT_DOUBLE_EQ(curve.Stress(0.001), 210e6);
+TEST(CConcCode, SteelsYieldUnreducedWithoutLimit) {
+  const CConcCode en1992;
+  const CConcCode aci318(ConcCode::aci318_2019, CCountry::Code::none);
+  const auto expectYield = [](const auto& grades, double modulus, const std::vector<double>& mpa) {
+    ASSERT_EQ(grades.size(), mpa.size());
+    for (std::size_t i = 0; i < mpa.size(); ++i) {
+      for (const LoadState state : {LoadState::ULS, LoadState::SLS}) {
+        const CMatCurveParam& curve = grades[i].Curve(state);
+        EXPECT_DOUBLE_EQ(curve.Stress(0.001), 0.001 * modulus);
+        EXPECT_DOUBLE_EQ(curve.Stress(-0.04), -mpa[i] * 1e6);
+        EXPECT_TRUE(curve.IsLimitCap(LoadSign::tension));
+      }
     }
-  }
+  };
+  // EN 10025, at the thicknesses of the grades' names.
+  expectYield(en1992.Data().steels, 210e9, {235, 225, 275, 265, 355, 345, 460, 440});
+  expectYield(aci318.Data().steels, 200e9, {250, 345});
+  expectYield(aci318.Data().reinforcements, 200e9, {280, 420, 550});
 }
 
 TEST(CConcCode, RefusesUnknownAnnexes) {

@@ -66,16 +66,6 @@ TEST(CMat, ServiceModelsStandUnderBothSigns) {
   }
 }
 
-TEST(CMat, ExplicitPointsMakeOneSideExplicit) {
-  CTableT<double> table(2);
-  table.AddRow({0.001, 3e6});
-  CMat concrete(MatType::concrete);
-  concrete.SetExplicitPoints(LoadState::ULS, LoadSign::tension, table);
-  EXPECT_EQ(concrete.Model(LoadState::ULS, LoadSign::tension), CurveKind::explicitPoints);
-  EXPECT_DOUBLE_EQ(concrete.Curve(LoadState::ULS).Stress(-0.0005), -1.5e6);
-  EXPECT_DOUBLE_EQ(concrete.Curve(LoadState::ULS).Stress(0.003), 20e6);
-}
-
 TEST(Materials, TablesAreByTypeAndNamesUnique) {
   Materials materials;
   CMat concrete(MatType::concrete);

@@ -44,9 +44,9 @@ std::vector<Case> Cases() {
   ShapeDimensions unequal = flanged;
   unequal.bottomWidth = 4;
   unequal.bottomThickness = 2;
-  ShapeDimensions box = flanged;
-  box.webThickness = 1;
-  box.bottomThickness = 2;
+  ShapeDimensions hollowBox = flanged;
+  hollowBox.webThickness = 1;
+  hollowBox.bottomThickness = 2;
   return {
       {rectangle, {.width = 6, .depth = 2}, 12, 0, cube * 432, cube * 48},
       {ring, {.diameter = 2, .thickness = 0.5}, 0.75 * kPi, 0, hollow, hollow, turn},
@@ -61,8 +61,7 @@ std::vector<Case> Cases() {
       {iBeam, unequal, 24, 2, cube * (2 * 64 + 5 * 8 + 216),
        cube * (4 * 8 + 2 * 125 + 6) + 8 * 9 + 10 * 0.25 + 6 * 12.25},
       // 6 by 8 less a void of 4 by 5 at z = 0.5.
-      {ShapeKind::box, box, 28, -10, cube * (8 * 216 - 5 * 64),
-       cube * (6 * 512 - 4 * 125) - 20 * 0.25},
+      {box, hollowBox, 28, -10, cube * (8 * 216 - 5 * 64), cube * (6 * 512 - 4 * 125) - 20 * 0.25},
       // Width 4 + 2t at 0 <= t <= 1 from the bottom: a rectangle 4 by 1 and two triangles.
       {trapezoid,
        {.width = 6, .depth = 1, .bottomWidth = 4},
