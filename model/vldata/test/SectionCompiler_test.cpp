@@ -26,6 +26,7 @@ TEST(SectionCompiler, CurvesAreTensionPositiveAndSharedByGrade) {
   const Numeric::CompiledSection& section = compiled->section;
   ASSERT_EQ(section.curves.size(), 2U);
   EXPECT_EQ(section.points[0].curve, section.points[1].curve);
+  EXPECT_EQ(section.points[0].displacedCurve, section.regions[0].curve);
   const auto expectMirrored = [&](MatType type, int grade, int index) {
     const auto& material = document.getMaterials()->Grade(type, grade).Curve(LoadState::ULS);
     const auto& curve = section.curves[static_cast<std::size_t>(index)];
@@ -44,29 +45,31 @@ TEST(SectionCompiler, CurvesAreTensionPositiveAndSharedByGrade) {
                  section.points[0].curve);
 }
 
-TEST(SectionCompiler, ATensilePreloadStrainsTheBar) {
-  const double strength = 500e6 / 1.15;  // B500B at the ultimate limit state
+TEST(SectionCompiler, ATensilePreloadStrainsTheBarByTheCurveOfTheState) {
   const struct {
     Preload preload;
-    double strain;
+    double ultimate, service;  // strain
   } kCases[] = {
-      {{PreloadKind::strain, 0.001}, 0.001},
-      {{PreloadKind::stress, 100e6}, 100e6 / 200e9},
-      {{PreloadKind::stress, -100e6}, -100e6 / 200e9},
-      {{PreloadKind::force, 31400.0}, 31400.0 / 3.14e-4 / 200e9},
-      {{PreloadKind::stress, 600e6}, strength / 200e9},  // beyond the curve: the strain of its peak
-      {{static_cast<PreloadKind>(7), 3.0}, 0.0},
+      {{PreloadKind::strain, 0.001}, 0.001, 0.001},
+      {{PreloadKind::stress, -100e6}, -0.0005, -0.0005},
+      {{PreloadKind::force, 31400.0}, 0.0005, 0.0005},
+      // Beyond the curve: the strain of its peak, of f_yk / 1.15 and of f_yk of B500B.
+      {{PreloadKind::stress, 600e6}, 0.0025 / 1.15, 0.0025},
+      {{static_cast<PreloadKind>(7), 3.0}, 0.0, 0.0},
   };
   for (const auto& c : kCases) {
     CVelmoData document = BlockDocument({{0.0, 0.1}});
     Reinforcement bars = document.Section(0).Components()[0].Concrete().GetReinforcement();
     bars.bars[0].SetPreload(c.preload);
     document.getSection(0).Components()[0].Concrete().SetReinforcement(bars);
-    EXPECT_DOUBLE_EQ(BarPreStrain(document, bars.bars[0], LoadState::ULS), -c.strain);
-    const auto compiled = CompileUls(document);
-    ASSERT_TRUE(compiled);
-    EXPECT_DOUBLE_EQ(compiled->section.points[0].strainOffset, c.strain);
-    EXPECT_EQ(compiled->section.points[0].displacedOffset, 0.0);
+    EXPECT_DOUBLE_EQ(BarPreStrain(document, bars.bars[0], LoadState::ULS), -c.ultimate);
+    for (const auto state : {SectionState::ultimate, SectionState::uncracked}) {
+      const auto compiled = SectionCompiler::Compile(document, document.Section(0), 0, state);
+      ASSERT_TRUE(compiled);
+      EXPECT_DOUBLE_EQ(compiled->section.points[0].strainOffset,
+                       state == SectionState::ultimate ? c.ultimate : c.service);
+      EXPECT_EQ(compiled->section.points[0].displacedOffset, 0.0);
+    }
   }
 }
 

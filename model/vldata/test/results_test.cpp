@@ -185,7 +185,8 @@ TEST(ResultsStamp, ChangesWithWhatDecidesTheResultsAndWithNothingElse) {
       {"the limit states", true, false,
        [](Document&, Section& s) { s.Task(0).SetLimitStates(true, true); }},
       {"creep at ULS", false, false, creep({LoadTerm::longTerm, 2.0, 1.0})},
-      {"creep at SLS", true, true, creep({LoadTerm::longTerm, 2.0, 1.0})},
+      {"the creep coefficient", true, true, creep({LoadTerm::shortTerm, 2.0, 1.0})},
+      {"the load term", true, true, creep({LoadTerm::longTerm, CreepSettings{}.creepCoefficient})},
       {"phi factors", true, false,
        [](Document&, Section& s) {
          s.Task(0).SetPhiFactors(CustomPhi{0.002, 0.005, 0.65, 0.9});
