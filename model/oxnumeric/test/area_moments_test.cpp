@@ -9,17 +9,17 @@ namespace Orlix::Numeric {
 namespace {
 
 TEST(MomentsOf, MatchesClosedForms) {
-  // Right triangle, legs b = 3 and h = 2: bh/2, b²h/6, bh²/6, b³h/12, bh³/12, b²h²/24. The numbers
-  // are below 20, there are few of them.
-  std::vector<Vec2<double>> outline = {{3, 0}, {0, 2}, {0, 0}};
+  // Right triangle, legs b = 3 and h = 2, centroid (2, 8/3): bh/2, and about the centroid b³h/36,
+  // bh³/36, -b²h²/72. The numbers are below 25, there are few of them.
+  std::vector<Vec2<double>> outline = {{1, 2}, {4, 2}, {1, 4}};
   for (const double sign : {1.0, -1.0}) {
     const AreaMoments got = MomentsOf(outline);
     EXPECT_NEAR(got.area, sign * 3, 1e-14);
-    EXPECT_NEAR(got.sy, sign * 3, 1e-14);
-    EXPECT_NEAR(got.sz, sign * 2, 1e-14);
-    EXPECT_NEAR(got.syy, sign * 4.5, 1e-14);
-    EXPECT_NEAR(got.szz, sign * 2, 1e-14);
-    EXPECT_NEAR(got.syz, sign * 1.5, 1e-14);
+    EXPECT_NEAR(got.sy, sign * 6, 1e-14);
+    EXPECT_NEAR(got.sz, sign * 8, 1e-14);
+    EXPECT_NEAR(got.syy, sign * (1.5 + 3 * 4), 1e-14);
+    EXPECT_NEAR(got.szz, sign * (2.0 / 3 + 3 * 64.0 / 9), 1e-14);
+    EXPECT_NEAR(got.syz, sign * (-0.5 + 3 * 16.0 / 3), 1e-14);
     std::reverse(outline.begin(), outline.end());
   }
 }
