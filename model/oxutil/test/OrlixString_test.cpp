@@ -22,6 +22,7 @@ TEST(OrlixString, CopiesAreIndependentAndAMovedTextIsEmpty) {
     OrlixString<wchar_t>& alias = source;
     source = alias;
     EXPECT_TRUE(source == target);
+    EXPECT_EQ(OrlixString<wchar_t>(std::move(target)).View(), text);
     target = OrlixString<wchar_t>(L"other");
     EXPECT_FALSE(source == target);
     EXPECT_EQ(std::wstring(static_cast<const wchar_t*>(copy)), text);
