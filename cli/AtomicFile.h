@@ -6,9 +6,12 @@
 namespace Orlix::Cli {
 
 /// A file that appears under its name only when it is complete: it is written beside and renamed.
+/// A file that was there is replaced and its permissions stay; a symbolic link stays too, and what
+/// it points to is replaced. What is there and no regular file, a device or a pipe, is written
+/// directly.
 class AtomicFile {
  public:
-  /// @throws CommandError when nothing can be written beside `path`.
+  /// @throws CommandError when nothing can be written to or beside `path`.
   explicit AtomicFile(std::filesystem::path path);
   /// Without a commit nothing is left behind.
   ~AtomicFile();
@@ -20,8 +23,11 @@ class AtomicFile {
   void Commit();
 
  private:
-  std::filesystem::path path_;
-  std::filesystem::path temporary_;
+  void RemoveTemporary();
+
+  std::filesystem::path path_;       ///< as it was given
+  std::filesystem::path target_;     ///< where links lead to
+  std::filesystem::path temporary_;  ///< beside the target; empty when written directly
   std::ofstream stream_;
 };
 

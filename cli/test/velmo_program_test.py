@@ -93,10 +93,26 @@ class Velmo(unittest.TestCase):
                 (["solve", "a.json", "--task", "0"], "task 0"),
                 (["solve", "a.json", "--json", "--details"], "--json"),
                 (["solve", "a.json", "-o", "."], "directory"),
+                (["solve", "a.json", "-o", "./a.json"], "document itself"),
                 (["solve", "a.json", "-o", "no/out.txt"], "no/out.txt")]:
             with self.subTest(arguments):
                 self.assertIn(text, self.run_velmo(*arguments, exit_code=2).stderr)
         self.assertEqual(os.listdir(self.folder), ["a.json"])
+
+    def test_output_keeps_what_the_target_is(self):
+        self.new("rectangle")
+        self.write("out.txt", b"old")
+        os.chmod(os.path.join(self.folder, "out.txt"), 0o640)
+        os.symlink("out.txt", os.path.join(self.folder, "link.txt"))
+        os.symlink("/dev/null", os.path.join(self.folder, "null.txt"))
+        for name in ["link.txt", "null.txt"]:
+            self.run_velmo("solve", "a.json", "-o", name)
+            self.assertTrue(os.path.islink(os.path.join(self.folder, name)))
+        written = os.stat(os.path.join(self.folder, "out.txt"))
+        self.assertEqual(written.st_mode & 0o777, 0o640)
+        self.assertGreater(written.st_size, 100)
+        self.assertEqual(sorted(os.listdir(self.folder)),
+                         ["a.json", "link.txt", "null.txt", "out.txt"])
 
     def test_files_that_are_no_documents(self):
         self.write("empty.json", b"")
