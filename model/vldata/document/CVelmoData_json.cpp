@@ -165,7 +165,7 @@ void CVelmoData::SetGrade(const Util::JsonValue& json, bool onlyExisting) {
     if (there < 0 && onlyExisting) reader.Report("name", "the name of a grade in the table");
     const Design::CMat* known =
         there < 0 ? StandardGrade(code_.Data(), *type, name) : &materials_->Grade(*type, there);
-    const Design::CMat material = MaterialFromJson(reader, *type, known);
+    const Design::CMat material = MaterialFromJson(reader, *type, known, code_.Data());
     if (problems.IsEmpty() && there >= 0) materials_->Grade(*type, there) = material;
     if (problems.IsEmpty() && there < 0) materials_->Add(material);
   }

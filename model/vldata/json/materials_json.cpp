@@ -1,6 +1,9 @@
 #include "model/vldata/json/materials_json.h"
 
 #include <array>
+#include <cmath>
+#include <limits>
+#include <memory>
 
 #include "model/oxutil/json.h"
 #include "model/oxutil/text.h"
@@ -30,6 +33,24 @@ double Required(ObjectReader& reader, std::string_view name, const CMat* known, 
   return number.value_or(fallback);
 }
 
+// What a grade starts from whose name the code does not have. Partial factors would come on top of
+// strength reduction, so under a code with that it is the standard grade nearest in strength.
+CMat OwnGrade(ObjectReader& reader, MatType type, const Design::CConcCodeData& code) {
+  CMat own(type);
+  const Util::JsonValue* given = reader.Find("f_k");
+  if (!code.strengthReduction || given == nullptr || !given->IsNumber()) return own;
+  double smallest = std::numeric_limits<double>::infinity();
+  const std::shared_ptr<Materials> standard = StandardMaterials(code);
+  for (int i = 0; i < standard->NumGrades(type); ++i) {
+    const CMat& grade = standard->Grade(type, i);
+    const double difference = std::abs(grade.Properties().f_k - given->GetDouble());
+    if (difference >= smallest) continue;
+    smallest = difference;
+    own = grade;
+  }
+  return own;
+}
+
 void ReadTable(const Util::JsonValue& array, const JsonPath& path, MatType type,
                const Design::CConcCodeData& code, Materials& materials, ProblemList& problems) {
   for (rapidjson::SizeType i = 0; i < array.Size(); ++i) {
@@ -41,7 +62,7 @@ void ReadTable(const Util::JsonValue& array, const JsonPath& path, MatType type,
       reader.Report("name", "a name that no other grade of the table has");
       continue;
     }
-    materials.Add(MaterialFromJson(reader, type, StandardGrade(code, type, name)));
+    materials.Add(MaterialFromJson(reader, type, StandardGrade(code, type, name), code));
   }
 }
 
@@ -77,8 +98,9 @@ Util::JsonValue MaterialsToJson(const Materials& materials, Util::JsonAllocator&
   return json;
 }
 
-CMat MaterialFromJson(ObjectReader& reader, MatType type, const CMat* known) {
-  CMat material = known != nullptr ? *known : CMat(type);
+CMat MaterialFromJson(ObjectReader& reader, MatType type, const CMat* known,
+                      const Design::CConcCodeData& code) {
+  CMat material = known != nullptr ? *known : OwnGrade(reader, type, code);
   material.SetName(reader.WideText("name").value_or(OrlixString<wchar_t>()));
   MaterialProperties p = material.Properties();
   p.f_k = Required(reader, "f_k", known, p.f_k);

@@ -18,7 +18,9 @@ Materials MaterialsFromJson(const Util::JsonValue* json, const JsonPath& path,
 
 /// Reads a grade. Members that are absent are those of `known`.
 /// @param known  a grade of this name; null: there is none, and strength and modulus are required
-Design::CMat MaterialFromJson(ObjectReader& reader, MatType type, const Design::CMat* known);
+/// @param code   gives a grade of no known name what it does not say
+Design::CMat MaterialFromJson(ObjectReader& reader, MatType type, const Design::CMat* known,
+                              const Design::CConcCodeData& code);
 
 /// The material types and their names in documents, in the order of the tables.
 std::span<const std::pair<std::string_view, MatType>> MaterialTypeNames();

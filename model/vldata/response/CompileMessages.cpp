@@ -52,13 +52,19 @@ std::string NoBarPlace(int component, int bar) {
 }
 
 std::string NoBarPreload(int component, int bar) {
-  return Bar(component, bar) + " has a preload that gives no strain.";
+  return Bar(component, bar) + " has a preload that its curve does not reach.";
 }
 
 std::string NoCreep(int task) {
   return "Task " + std::to_string(task + 1) +
          " has no valid creep: the coefficient must lie between 0 and 100, the long-term share "
          "between 0 and 1.";
+}
+
+std::string NoPhi(int task) {
+  return "Task " + std::to_string(task + 1) +
+         " has no valid phi factors: they must lie between 0 and 1 and, like their strain limits, "
+         "not fall from compression to tension control; strain limits must not be negative.";
 }
 
 }  // namespace Orlix::Data::Velmo9::CompileMessages

@@ -20,5 +20,6 @@ std::string NoBarArea(int component, int bar);
 std::string NoBarPlace(int component, int bar);
 std::string NoBarPreload(int component, int bar);
 std::string NoCreep(int task);
+std::string NoPhi(int task);
 
 }  // namespace Orlix::Data::Velmo9::CompileMessages

@@ -36,6 +36,12 @@ bool IsUsable(const Design::CMatCurveParam& curve) {
 // Concrete creeps by a few times its elastic strain; beyond this the coefficient is a slip.
 constexpr double kMostCreep = 100.0;
 
+bool IsUsable(const CustomPhi& phi) {  // false for NaN
+  return phi.compressionStrain >= 0.0 && phi.compressionStrain <= phi.tensionStrain &&
+         phi.tensionStrain < 1.0 && phi.phiCompression >= 0.0 &&
+         phi.phiCompression <= phi.phiTension && phi.phiTension <= 1.0;
+}
+
 bool IsUsable(const CreepSettings& creep) {
   return creep.creepCoefficient >= 0.0 && creep.creepCoefficient <= kMostCreep &&
          creep.LongShare() >= 0.0 && creep.LongShare() <= 1.0;
@@ -61,6 +67,10 @@ class Checker {
     if (!isAnyIncluded) problems_.push_back(Messages::NothingIncluded(iTask_));
     if (state_ == LoadState::SLS && !IsUsable(task_.Creep())) {
       problems_.push_back(Messages::NoCreep(iTask_));
+    }
+    if (state_ == LoadState::ULS && task_.PhiFactors() && !IsUsable(*task_.PhiFactors()) &&
+        document_.concreteCode().IsStrengthReduction()) {
+      problems_.push_back(Messages::NoPhi(iTask_));
     }
     return std::move(problems_);
   }
@@ -104,9 +114,22 @@ class Checker {
       return;
     }
     CheckCurve(component, MatType::reinforcement, bar.Grade());
-    if (!std::isfinite(BarPreStrain(document_, bar, state_))) {
-      problems_.push_back(Messages::NoBarPreload(component, index));
-    }
+    if (!IsReached(bar)) problems_.push_back(Messages::NoBarPreload(component, index));
+  }
+
+  // Whether the preload of a bar gives a strain, and is no stress beyond the characteristic curve:
+  // a tendon may well be stressed beyond the design strength.
+  bool IsReached(const CBar& bar) const {
+    if (!std::isfinite(BarPreStrain(document_, bar, state_))) return false;
+    const Preload preload = bar.GetPreload();
+    if (preload.kind != PreloadKind::stress && preload.kind != PreloadKind::force) return true;
+    const double stress =
+        preload.kind == PreloadKind::force ? preload.value / bar.Area() : preload.value;
+    const Design::CMatCurveParam& curve =
+        document_.ReinforcementMaterial(bar.Grade()).Curve(LoadState::SLS);
+    constexpr double kRounding = 1e-9;  // of an inverse that is found by search
+    const double reached = -curve.Stress(curve.Strain(-stress));
+    return std::abs(reached - stress) <= kRounding * std::abs(stress);
   }
 
   const CVelmoData& document_;

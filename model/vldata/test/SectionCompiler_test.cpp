@@ -53,8 +53,8 @@ TEST(SectionCompiler, ATensilePreloadStrainsTheBarByTheCurveOfTheState) {
       {{PreloadKind::strain, 0.001}, 0.001, 0.001},
       {{PreloadKind::stress, -100e6}, -0.0005, -0.0005},
       {{PreloadKind::force, 31400.0}, 0.0005, 0.0005},
-      // Beyond the curve: the strain of its peak, of f_yk / 1.15 and of f_yk of B500B.
-      {{PreloadKind::stress, 600e6}, 0.0025 / 1.15, 0.0025},
+      // Beyond the design curve of B500B: the strain of its peak, f_yk / 1.15.
+      {{PreloadKind::stress, 470e6}, 0.0025 / 1.15, 0.00235},
       {{static_cast<PreloadKind>(7), 3.0}, 0.0, 0.0},
   };
   for (const auto& c : kCases) {
@@ -108,7 +108,15 @@ TEST(SectionCompiler, SaysWhatCannotBeCompiled) {
        "Component 1, bar 1 has no area: give it a diameter or an area."},
       {bar(CBar({0.0, kNaN}, 0.02, 3e-4, 1)), "Component 1, bar 1 has no valid position."},
       {bar(CBar({0.0, 0.0}, 0.02, 3e-4, 1, {PreloadKind::strain, kNaN})),
-       "Component 1, bar 1 has a preload that gives no strain."},
+       "Component 1, bar 1 has a preload that its curve does not reach."},
+      {bar(CBar({0.0, 0.0}, 0.02, 3e-4, 1, {PreloadKind::force, 1e6})),
+       "Component 1, bar 1 has a preload that its curve does not reach."},
+      {[](CVelmoData& d, VelmoSection& s) {
+         d.SetCodes(OrlixString<wchar_t>(L"ACI 318-19"));
+         s.Task(0).SetPhiFactors(CustomPhi{0.002, 0.005, 5.0, 0.9});
+       },
+       "Task 1 has no valid phi factors: they must lie between 0 and 1 and, like their strain "
+       "limits, not fall from compression to tension control; strain limits must not be negative."},
   };
   for (const auto& c : kCases) {
     SCOPED_TRACE(c.problem);
