@@ -1,5 +1,6 @@
 #include "model/vldata/document/AnalysisTask.h"
 
+#include <cmath>
 #include <stdexcept>
 #include <utility>
 
@@ -43,7 +44,11 @@ void AddPhiFactors(Util::JsonValue& json, const CustomPhi& phi, Util::JsonAlloca
 // Whether a limit state has, for a case, a solution of its input.
 template <class Solution>
 bool IsSolved(const std::vector<Solution>& solutions, std::size_t index, const TaskCase& of) {
-  return index < solutions.size() && solutions[index].input == of.input;
+  if (index >= solutions.size()) return false;
+  // An input that is not a number is solved, too: as a case that fails.
+  const auto same = [](double a, double b) { return a == b || (std::isnan(a) && std::isnan(b)); };
+  const Vec3<double>& solved = solutions[index].input;
+  return same(solved.x, of.input.x) && same(solved.y, of.input.y) && same(solved.z, of.input.z);
 }
 
 }  // namespace
@@ -112,8 +117,7 @@ Velmo9::SLSResult AnalysisTask::SLSResult(int iCase, bool /*withCrackWidth*/, bo
   // Under a load that does not crack the section its one state is that of uncracked concrete.
   const bool staysWhole = action_ == LoadAction::load && solution.crackingUtilisation <= 1.0;
   return {solution, results_->uncrackedComponents,
-          withCracked && !staysWhole ? results_->crackedComponents
-                                     : results_->uncrackedComponents};
+          withCracked && !staysWhole ? results_->crackedComponents : results_->uncrackedComponents};
 }
 
 Util::JsonValue AnalysisTask::toJson(Util::JsonAllocator& allocator, bool withCases, bool withNames,

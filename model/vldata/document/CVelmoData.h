@@ -87,7 +87,10 @@ class CVelmoData : public CModelData {
   void ResetGrade(MatType type, int grade);
 
   const Design::ConcreteCode& concreteCode() const { return code_; }
-  std::shared_ptr<const Design::CConcCodeData> CodePointer() const { return code_.DataPointer(); }
+  /// A copy of the code's data: changing it changes nothing here.
+  std::shared_ptr<Design::CConcCodeData> CodePointer() const {
+    return std::make_shared<Design::CConcCodeData>(code_.Data());
+  }
   std::shared_ptr<Materials> getMaterials() { return materials_; }
   std::shared_ptr<const Materials> getMaterials() const { return materials_; }
   /// @throws std::out_of_range for no such grade.

@@ -15,7 +15,7 @@ constexpr double kSmallestDivisor = 1e-15;
 double Secant(double load, double deformation) {
   // Also a divisor that is not a number fails the comparison.
   if (!(std::abs(deformation) >= kSmallestDivisor)) return std::numeric_limits<double>::infinity();
-  return load / deformation;
+  return load / deformation + 0.0;  // no negative zero
 }
 
 }  // namespace
