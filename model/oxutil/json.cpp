@@ -3,6 +3,7 @@
 #include <rapidjson/prettywriter.h>
 #include <rapidjson/stringbuffer.h>
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -42,6 +43,7 @@ class Writer : public rapidjson::PrettyWriter<rapidjson::StringBuffer> {
     if (!std::isfinite(value)) return Null();
     std::array<char, 32> digits;  // at most 24 characters and ".0"
     char* end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
+    end = std::remove(digits.data(), end, '+');  // 1e308, as JSON is mostly written
     if (std::string_view(digits.data(), end).find_first_of(".e") == std::string_view::npos) {
       *end++ = '.';  // so that it stays a double when it is read back
       *end++ = '0';
