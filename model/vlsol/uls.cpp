@@ -125,9 +125,13 @@ UlsCaseSolution SolveUlsLoad(const CompiledSection& section, const Vec3<double>&
   solution.carried = solution.loadUtilisation <= 1.0 + kStatusMargin;
   if (!equilibrium.converged && solution.carried) {
     // At the peak of a softening section Newton finds no way, but the failure plane is the answer.
-    solution.deformation = solution.deformationAtFailure;
-    solution.deformationUtilisation =
-        Numeric::GaugeOf(section, section.ToLocal(solution.deformation)).value;
+    constexpr double kNearPeak = 1e-3;
+    solution.carried = solution.loadUtilisation >= 1.0 - kNearPeak;
+    if (solution.carried) {
+      solution.deformation = solution.deformationAtFailure;
+      solution.deformationUtilisation =
+          Numeric::GaugeOf(section, section.ToLocal(solution.deformation)).value;
+    }
   }
   return solution;
 }

@@ -59,7 +59,7 @@ class Newton {
       if (size > cap) step = (cap / size) * step;
       if (!Search(step, Dot(residual, step), best)) break;
     }
-    best.converged = best.residual <= tolerance;
+    best.converged = best.residual <= tolerance && std::isfinite(tolerance);
     return best;
   }
 
@@ -114,6 +114,10 @@ EquilibriumResult SolveEquilibrium(const CompiledSection& section, const Resulta
                                    const Plane* start, const EquilibriumOptions& options) {
   const double tolerance =
       std::max(options.floor * section.squash, options.relative * ScaledNorm(section, load));
+  const auto isAccepted = [&](const EquilibriumResult& r) {
+    const double bound = options.accept * tolerance;
+    return r.residual <= bound && std::isfinite(bound);  // a load near overflow has no bound
+  };
   Newton newton(section, load, CurveForm::exact);
   Plane d = start != nullptr ? *start : ElasticStart(section, newton.Scale(), load);
   if (section.hasSteps) {
@@ -133,11 +137,11 @@ EquilibriumResult SolveEquilibrium(const CompiledSection& section, const Resulta
       }
       best = result;
     }
-    best.converged = best.residual <= options.accept * tolerance;
+    best.converged = isAccepted(best);
     return best;
   }
   EquilibriumResult result = newton.Run(d, tolerance, options.maxIterations);
-  result.converged = result.residual <= options.accept * tolerance;
+  result.converged = isAccepted(result);
   return result;
 }
 
