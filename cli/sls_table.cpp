@@ -24,6 +24,15 @@ namespace {
 // Columns behind the state.
 constexpr std::size_t kAnswerColumns = 11;
 
+// True of material models that tell a cracked state from an uncracked one and of those that do not.
+constexpr const char* kLegend =
+    "cracking: tension that concrete would have if it stayed uncracked, at the strains of the "
+    "uncracked or only state, over\nthe tension it bears, - where it bears none; zeta: 0 uncracked "
+    "to 1 fully cracked, - where the model does not\ninterpolate between the two\n"
+    "EI: secant stiffness; concrete: the most compressed point of the outlines; bar: the largest "
+    "stress of a bar; both of the\ncracked state where the section is cracked and the model has "
+    "such a state, else of the uncracked or only one\n";
+
 /// What decides the order of the lines.
 struct Rank {
   int iCase{};
@@ -140,10 +149,7 @@ void PrintSlsTable(const VelmoApp& app, int iSec, int iTask, const std::vector<i
   });
   table.Print(out);
   PrintCounts(ranks.size(), Outcome(ranks), shown.size(), out);
-  out << "cracking: tension of the uncracked section over what its concrete bears; zeta: 0 "
-         "uncracked to 1 fully cracked\n"
-         "EI: secant stiffness; concrete: the most compressed point of the outlines; bar: the "
-         "largest stress of a bar;\nboth in the cracked state where the section is cracked\n";
+  out << kLegend;
   PrintReadingRules(app, iSec, out);
 }
 
