@@ -5,6 +5,7 @@
 #include <fstream>
 #include <ios>
 #include <string_view>
+#include <type_traits>
 
 #include "app/AppMessages.h"
 #include "app/PreSolutionChecks.h"
@@ -25,9 +26,16 @@ using Util::JsonValue;
 
 namespace {
 
+// A name that is no text, as the system may allow, gives U+FFFD in places instead of an exception.
 std::string Utf8(const std::filesystem::path& path) {
-  const std::u8string text = path.u8string();
-  return std::string(text.begin(), text.end());
+  const auto textOf = []<class Text>(const Text& native) {
+    if constexpr (std::is_same_v<Text, std::wstring>) {
+      return to_string(native);
+    } else {
+      return ValidUtf8(native);
+    }
+  };
+  return textOf(path.native());
 }
 
 // Reads a file whose root is a JSON object.
@@ -62,7 +70,7 @@ FileIOAttributes VelmoApp::Open(const std::filesystem::path& path, std::string& 
     OpenJson(json, path);
   } else {
     std::wstring error;
-    if (!LegacyFileReader().Read(path.wstring(), document_, error)) {
+    if (!LegacyFileReader().Read(to_wstring(Utf8(path)), document_, error)) {
       message = to_string(error);
       return {};
     }

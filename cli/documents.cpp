@@ -6,6 +6,7 @@
 #include <cstring>
 #include <fstream>
 #include <iostream>
+#include <sstream>
 #include <string>
 
 #include "cli/AtomicFile.h"
@@ -39,6 +40,18 @@ std::string ReasonOf(const std::filesystem::path& path, const std::string& messa
   return message + ": it is no JSON document; `velmo new` makes one";
 }
 
+// The text of the document that a text holds.
+std::string ReadBack(const std::string& text) {
+  std::istringstream stream(text);
+  Util::JsonDocument json;
+  std::string error;
+  if (!Util::ParseJson(stream, json, error)) return error;
+  VelmoApp app;
+  *app.pData() = Data::CVelmoData(json);
+  VelmoApp::SetUserDefinedGradesToSections(*app.pData());
+  return to_string(app.fileString(true));
+}
+
 }  // namespace
 
 VelmoApp OpenDocument(const std::filesystem::path& path) {
@@ -64,12 +77,12 @@ VelmoApp OpenForUse(const std::filesystem::path& path) {
 void SaveDocument(VelmoApp& app, const std::filesystem::path& path) {
   app.pData()->setFilePath(Place(path));
   const std::string text = to_string(app.fileString(true));
+  if (ReadBack(text) != text) {
+    throw CommandError(path.string() + ": the document would read back differently; not written");
+  }
   AtomicFile file(path);
   file.Stream() << text;
   file.Commit();
-  if (to_string(OpenDocument(path).fileString(true)) != text) {
-    throw CommandError(path.string() + ": reads back differently from what was written");
-  }
 }
 
 std::string CodeText(const Data::CVelmoData& document) {

@@ -15,9 +15,10 @@ VelmoApp OpenDocument(const std::filesystem::path& path);
 /// many and where to learn more.
 VelmoApp OpenForUse(const std::filesystem::path& path);
 
-/// Writes the document, which from then on lives at `path`, and reads it back. A file that was
-/// there is replaced only when the new one is complete.
-/// @throws CommandError when the file cannot be written or reads back differently.
+/// Writes the document, which from then on lives at `path`. A file that was there is replaced only
+/// when the new one is complete.
+/// @throws CommandError when the file cannot be written or would read back differently; then
+/// nothing is left behind.
 void SaveDocument(VelmoApp& app, const std::filesystem::path& path);
 
 /// The design code and, where it has one, its annex: "EN 1992-1-1:2004 (UK)".

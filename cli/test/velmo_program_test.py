@@ -126,6 +126,15 @@ class Velmo(unittest.TestCase):
                 with self.subTest(name + " " + command):
                     self.assertIn(text, self.run_velmo(command, name, exit_code=2).stderr)
 
+    def test_names_of_files_may_be_any_bytes(self):
+        name = os.fsdecode(b"a\xff.json")
+        missing = subprocess.run([VELMO, "show", name], cwd=self.folder, capture_output=True)
+        self.assertEqual(missing.returncode, 2)
+        self.assertIn(b"No such file", missing.stderr)
+        for command in [["new", name], ["validate", name]]:
+            done = subprocess.run([VELMO, *command], cwd=self.folder, capture_output=True)
+            self.assertEqual(done.returncode, 0, done.stderr)
+
     def test_problems_of_a_document_are_listed(self):
         self.new("rectangle")
         self.change(lambda d: d["sections"][0]["components"][0].update(grade="C1"))
