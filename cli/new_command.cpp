@@ -11,6 +11,7 @@
 #include "app/VelmoApp.h"
 #include "cli/commands.h"
 #include "cli/documents.h"
+#include "cli/option_checks.h"
 #include "cli/templates.h"
 #include "model/oxdata/codes/CConcCode.h"
 #include "model/oxutil/text.h"
@@ -131,17 +132,24 @@ void AddNewCommand(CLI::App& program, int& exitCode) {
   auto arguments = std::make_shared<Arguments>();
   CLI::App* command = program.add_subcommand("new", "Make a document");
   command->footer(kExample);
-  command->add_option("OUT", arguments->out, "File to write")->required();
+  command->add_option("OUT", arguments->out, "File to write")->required()->check(NotEmpty);
   command->add_option("--template", arguments->section, "Section to start with; none without it")
       ->check(CLI::IsMember(TemplateNames()));
   command->add_option("--title", arguments->title, "Title of the project");
-  command->add_option("--code", arguments->code, "Design code, e.g. \"EN 1992-1-1:2004\"");
-  command->add_option("--annex", arguments->annex,
-                      "National annex, e.g. UK; the code's first one without it");
-  command->add_option("--concrete", arguments->concrete,
-                      "Concrete grade of the template; C30/37 or like it without it");
-  command->add_option("--rebar", arguments->reinforcement,
-                      "Reinforcement grade of the template; B500B or like it without it");
+  command->add_option("--code", arguments->code, "Design code, e.g. \"EN 1992-1-1:2004\"")
+      ->check(NotEmpty);
+  command
+      ->add_option("--annex", arguments->annex,
+                   "National annex, e.g. UK; the code's first one without it")
+      ->check(NotEmpty);
+  command
+      ->add_option("--concrete", arguments->concrete,
+                   "Concrete grade of the template; C30/37 or like it without it")
+      ->check(NotEmpty);
+  command
+      ->add_option("--rebar", arguments->reinforcement,
+                   "Reinforcement grade of the template; B500B or like it without it")
+      ->check(NotEmpty);
   command->add_option("--units", arguments->units, "Display units, e.g. force=kN,stress=MPa")
       ->delimiter(',');
   command->add_flag("--force", arguments->force, "Replace a file that is there");

@@ -9,6 +9,7 @@
 #include "cli/commands.h"
 #include "cli/concrete_facts.h"
 #include "cli/documents.h"
+#include "cli/option_checks.h"
 #include "cli/printable.h"
 #include "model/oxutil/StringFrom.h"
 #include "model/oxutil/text.h"
@@ -211,7 +212,7 @@ void AddShowCommand(CLI::App& program, int& exitCode) {
   auto path = std::make_shared<std::string>();
   CLI::App* command = program.add_subcommand("show", "Print what a document holds");
   command->footer(kExample);
-  command->add_option("DOC", *path, "Document")->required();
+  command->add_option("DOC", *path, "Document")->required()->check(NotEmpty);
   command->callback([path, &exitCode] { exitCode = Run(*path); });
 }
 

@@ -16,6 +16,7 @@
 #include "cli/commands.h"
 #include "cli/documents.h"
 #include "cli/number_list.h"
+#include "cli/option_checks.h"
 #include "cli/printable.h"
 #include "cli/sls_table.h"
 #include "cli/solve_json.h"
@@ -201,13 +202,18 @@ void AddSolveCommand(CLI::App& program, int& exitCode) {
   auto arguments = std::make_shared<Arguments>();
   CLI::App* command = program.add_subcommand("solve", "Check tasks, solve them, print the results");
   command->footer(kExample);
-  command->add_option("DOC", arguments->document, "Document")->required();
-  command->add_option("--section", arguments->section, "Sections, e.g. 1 or 1-3,5; all without it");
-  command->add_option("--task", arguments->task, "Tasks of these sections; all without it");
-  auto* cases = command->add_option("--cases", arguments->cases, "Cases, e.g. 1-20,25");
-  auto* oneCase = command->add_option("--case", arguments->oneCase, "One case, in full");
+  command->add_option("DOC", arguments->document, "Document")->required()->check(NotEmpty);
+  command->add_option("--section", arguments->section, "Sections, e.g. 1 or 1-3,5; all without it")
+      ->check(NotEmpty);
+  command->add_option("--task", arguments->task, "Tasks of these sections; all without it")
+      ->check(NotEmpty);
+  auto* cases =
+      command->add_option("--cases", arguments->cases, "Cases, e.g. 1-20,25")->check(NotEmpty);
+  auto* oneCase =
+      command->add_option("--case", arguments->oneCase, "One case, in full")->check(NotEmpty);
   auto* json = command->add_flag("--json", arguments->json, "JSON in SI units");
-  command->add_option("-o,--output", arguments->out, "Write the results to a file");
+  command->add_option("-o,--output", arguments->out, "Write the results to a file")
+      ->check(NotEmpty);
   auto* all = command->add_flag("--all", arguments->all, "Show every case, not the 40 worst alone");
   command->add_flag("--strict", arguments->strict, "Exit status 1 when a case is not carried");
   auto* details = command->add_flag("--details", arguments->details, "Show each case in full");

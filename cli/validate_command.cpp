@@ -5,6 +5,7 @@
 
 #include "cli/commands.h"
 #include "cli/documents.h"
+#include "cli/option_checks.h"
 #include "cli/printable.h"
 
 namespace Orlix::Cli {
@@ -34,7 +35,7 @@ void AddValidateCommand(CLI::App& program, int& exitCode) {
   CLI::App* command =
       program.add_subcommand("validate", "List what in a document was not understood");
   command->footer(kExample);
-  command->add_option("DOC", *path, "Document")->required();
+  command->add_option("DOC", *path, "Document")->required()->check(NotEmpty);
   command->callback([path, &exitCode] { exitCode = Run(*path); });
 }
 

@@ -91,6 +91,11 @@ class Velmo(unittest.TestCase):
                 (["solve", "a.json", "--cases", "1,x"], "1-20,25"),
                 (["solve", "a.json", "--section", "2"], "section 2"),
                 (["solve", "a.json", "--task", "0"], "task 0"),
+                (["solve", "a.json", "--section", "-1"], "section -1"),
+                *[(["solve", "a.json", option, ""], option + ": the value is empty")
+                  for option in ["--section", "--task", "--cases", "--case", "--output"]],
+                *[([command, ""], "empty") for command in ["new", "show", "validate", "solve"]],
+                (["new", "b.json", "--code", ""], "empty"),
                 (["solve", "a.json", "--json", "--details"], "--json"),
                 (["solve", "a.json", "-o", "."], "directory"),
                 (["solve", "a.json", "-o", "./a.json"], "document itself"),
