@@ -2,7 +2,9 @@
 
 #include <rapidjson/document.h>
 
+#include <algorithm>
 #include <cerrno>
+#include <cstddef>
 #include <cstring>
 #include <fstream>
 #include <iostream>
@@ -11,12 +13,15 @@
 
 #include "cli/AtomicFile.h"
 #include "cli/commands.h"
+#include "cli/printable.h"
 #include "model/oxutil/json.h"
 #include "model/oxutil/text.h"
 
 namespace Orlix::Cli {
 
 namespace {
+
+constexpr std::size_t kProblemsTold = 5;
 
 // Documents remember where they live, so every path is made absolute.
 std::filesystem::path Place(const std::filesystem::path& path) {
@@ -65,13 +70,23 @@ VelmoApp OpenDocument(const std::filesystem::path& path) {
 
 VelmoApp OpenForUse(const std::filesystem::path& path) {
   VelmoApp app = OpenDocument(path);
-  const std::size_t problems = app.pData()->ReadProblems().size();
-  if (problems > 0) {
-    std::cerr << path.string() << ": " << problems
-              << (problems == 1 ? " value was" : " values were")
-              << " not understood and took the default; `velmo validate` lists them\n";
+  const auto& problems = app.pData()->ReadProblems();
+  if (!problems.empty()) {
+    std::cerr << path.string() << ": " << problems.size()
+              << (problems.size() == 1 ? " value was" : " values were")
+              << " not understood and took the default:\n";
+    const std::size_t told = std::min(problems.size(), kProblemsTold);
+    for (std::size_t i = 0; i < told; ++i) std::cerr << "  " << ProblemText(problems[i]) << '\n';
+    if (told < problems.size()) {
+      std::cerr << "  and " << problems.size() - told << " more; `velmo validate` lists them\n";
+    }
   }
   return app;
+}
+
+std::string ProblemText(const Data::ReadProblem& problem) {
+  return (problem.path.empty() ? "document" : Printable(problem.path)) + ": found " +
+         Printable(problem.found) + ", expected " + problem.expected;
 }
 
 void SaveDocument(VelmoApp& app, const std::filesystem::path& path) {

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "app/VelmoApp.h"
+#include "model/vldata/json/ProblemList.h"
 
 namespace Orlix::Cli {
 
@@ -12,8 +13,11 @@ namespace Orlix::Cli {
 VelmoApp OpenDocument(const std::filesystem::path& path);
 
 /// As OpenDocument; when parts of the document could not be taken over, standard error says how
-/// many and where to learn more.
+/// many, names the first and where to learn of the others.
 VelmoApp OpenForUse(const std::filesystem::path& path);
+
+/// "sections[1].tasks[1].sls: found 3, expected ...".
+std::string ProblemText(const Data::ReadProblem& problem);
 
 /// Writes the document, which from then on lives at `path`. A file that was there is replaced only
 /// when the new one is complete.

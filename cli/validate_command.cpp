@@ -6,7 +6,6 @@
 #include "cli/commands.h"
 #include "cli/documents.h"
 #include "cli/option_checks.h"
-#include "cli/printable.h"
 
 namespace Orlix::Cli {
 
@@ -20,8 +19,7 @@ expected; in its place the document takes the default. Exit status 1 when there 
 int Run(const std::string& path) {
   const VelmoApp app = OpenDocument(path);
   for (const Data::ReadProblem& problem : app.pData()->ReadProblems()) {
-    std::cout << (problem.path.empty() ? "document" : Printable(problem.path)) << ": found "
-              << Printable(problem.found) << ", expected " << problem.expected << '\n';
+    std::cout << ProblemText(problem) << '\n';
   }
   if (!app.pData()->ReadProblems().empty()) return kProblems;
   std::cout << path << ": no problems\n";
