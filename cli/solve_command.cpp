@@ -124,6 +124,11 @@ void PrintText(const VelmoApp& app, const Job& job, const Arguments& arguments, 
   const AnalysisTask& task = document.Section(job.iSec).Task(job.iTask);
   const bool inFull = arguments.details || !arguments.oneCase.empty();
   const std::size_t limit = arguments.all ? std::numeric_limits<std::size_t>::max() : kLines;
+  if (!task.ComputesULS() && !task.ComputesSLS()) {
+    PrintTitle(document, job, "no limit state", out);
+    out << "The task computes neither ULS nor SLS: there is nothing to solve\n";
+    return;
+  }
   if (task.ComputesULS()) {
     PrintTitle(document, job, "ULS", out);
     if (inFull) {
