@@ -39,12 +39,14 @@ bool IsRoundedAcrossOne(double value, const std::string& text) {
 }  // namespace
 
 std::string UnitText::Value(double value, Dimension dimension) const {
-  return std::isfinite(value) ? StringFrom(value * units_.Conversion(dimension)) : kNotCalculated;
+  const double shown = value * units_.Conversion(dimension);
+  return std::isfinite(shown) ? StringFrom(shown) : kNotCalculated;
 }
 
 std::string UnitText::SquaredValue(double value, Dimension dimension) const {
   const double factor = units_.Conversion(dimension);
-  return std::isfinite(value) ? StringFrom(value * factor * factor) : kNotCalculated;
+  const double shown = value * factor * factor;
+  return std::isfinite(shown) ? StringFrom(shown) : kNotCalculated;
 }
 
 std::string UnitText::Unit(Dimension dimension) const {

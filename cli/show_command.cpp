@@ -1,4 +1,5 @@
 #include <CLI/CLI.hpp>
+#include <cmath>
 #include <iostream>
 #include <memory>
 #include <set>
@@ -143,6 +144,11 @@ int Waiting(const AnalysisTask& task) {
   return waiting;
 }
 
+const char* LimitStates(const AnalysisTask& task) {
+  if (task.ComputesULS()) return task.ComputesSLS() ? "ULS and SLS" : "ULS";
+  return task.ComputesSLS() ? "SLS" : "no limit state";
+}
+
 std::string LoadTermText(const Data::Velmo9::CreepSettings& creep) {
   switch (creep.term) {
     case Data::Velmo9::LoadTerm::shortTerm:
@@ -171,9 +177,7 @@ void PrintTasks(const VelmoSection& section) {
   for (const AnalysisTask& task : section.Tasks()) {
     std::cout << "Task " << ++number;
     if (!task.Name().empty()) std::cout << " \"" << Printable(task.Name()) << '"';
-    std::cout << ": " << (task.ComputesULS() ? "ULS" : "")
-              << (task.ComputesULS() && task.ComputesSLS() ? " and " : "")
-              << (task.ComputesSLS() ? "SLS" : "") << ", "
+    std::cout << ": " << LimitStates(task) << ", "
               << (task.Action() == LoadAction::load ? "loads" : "deformations") << ", "
               << task.NumCases() << (task.NumCases() == 1 ? " case, " : " cases, ") << Waiting(task)
               << " waiting to be solved\n";
@@ -189,8 +193,11 @@ int Run(const std::string& path) {
   int number = 0;
   for (const VelmoSection& section : document.Sections()) {
     std::cout << "\nSection " << ++number << " \"" << Printable(to_string(section.Name())) << '"';
-    if (GrossConcreteOf(section).area > 0.0) {
-      std::cout << ", reinforcement " << StringFrom(section.RebarPercentage())
+    const double concrete = GrossConcreteOf(section).area;
+    if (concrete > 0.0) {
+      const double share = section.RebarPercentage();
+      const bool known = std::isfinite(concrete) && std::isfinite(share);  // areas may overflow
+      std::cout << ", reinforcement " << (known ? StringFrom(share) : "-")
                 << " % of the gross concrete";
     }
     // Partial factors do not ask how bars are confined.

@@ -41,6 +41,7 @@ TEST(UnitText, ShowsValuesInTheUnitsOfTheDocument) {
   EXPECT_EQ(text.SquaredValue(0.15, Dimension::sectionDimensions), "150000");
   EXPECT_EQ(text.Value(std::nan(""), Dimension::force), "-");
   EXPECT_EQ(text.Value(kInf, Dimension::force), "-");
+  EXPECT_EQ(text.SquaredValue(1e304, Dimension::sectionDimensions), "-");  // overflows in mm²
 }
 
 TEST(UnitText, RoundingIsShownAsZero) {

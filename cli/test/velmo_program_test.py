@@ -147,6 +147,11 @@ class Velmo(unittest.TestCase):
         self.assertEqual(len(lines), 1)
         self.assertIn("sections[1].components[1].grade", lines[0])
         self.assertIn("C1", lines[0])
+        self.assertIn(lines[0], self.run_velmo("show", "a.json").stderr)
+        self.change(lambda d: d["sections"][0]["tasks"][0].update(cases=[{"N": "x"}] * 7))
+        told = self.run_velmo("show", "a.json").stderr.splitlines()
+        self.assertEqual(len(told), 1 + 5 + 1)
+        self.assertIn("and 3 more", told[-1])
         done = self.run_velmo("solve", "a.json", "-o", "out.txt", exit_code=1)
         self.assertIn("Component 1 does not have a valid material grade.", done.stderr)
         self.assertFalse(os.path.exists(os.path.join(self.folder, "out.txt")))
@@ -222,6 +227,12 @@ class Velmo(unittest.TestCase):
         self.assertNotIn("ULS", table)
         self.assertIn("SLS under deformations", table)
 
+    def test_a_task_without_a_limit_state_says_so(self):
+        self.new("beam")
+        self.change_task(uls=False, sls=False)
+        self.assertIn("neither ULS nor SLS", self.run_velmo("solve", "a.json").stdout)
+        self.assertIn("no limit state", self.run_velmo("show", "a.json").stdout)
+
     def test_a_code_that_reduces_strength(self):
         self.new("circle", "--code", "ACI 318-19")
         shown = self.run_velmo("show", "a.json").stdout
@@ -257,6 +268,8 @@ class Velmo(unittest.TestCase):
         shown = self.run_velmo("show", "a.json").stdout
         for text in ["Viaduct", "EN 1992-1-1:2004", "C30/37", "B500B", "box", "2 waiting"]:
             self.assertIn(text, shown)
+        self.change(lambda d: d["sections"][0]["components"][0]["bars"][0].update(area=1e308))
+        self.assertIn("reinforcement - %", self.run_velmo("show", "a.json").stdout)
 
 
 if __name__ == "__main__":
