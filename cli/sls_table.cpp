@@ -26,12 +26,12 @@ constexpr std::size_t kAnswerColumns = 11;
 
 // True of material models that tell a cracked state from an uncracked one and of those that do not.
 constexpr const char* kLegend =
-    "cracking: tension that concrete would have if it stayed uncracked, at the strains of the "
-    "uncracked or only state, over\nthe tension it bears, - where it bears none; zeta: 0 uncracked "
-    "to 1 fully cracked, - where the model does not\ninterpolate between the two\n"
+    "cracking: tension that uncracked concrete would have, at the strains of the uncracked or only "
+    "state,\nover what it bears; - where it bears none\n"
+    "zeta: 0 uncracked to 1 fully cracked; - where the model does not interpolate between the two\n"
     "EI: secant stiffness; concrete: the most compressed point of the outlines; bar: the largest "
-    "stress of a bar; both of the\ncracked state where the section is cracked and the model has "
-    "such a state, else of the uncracked or only one\n";
+    "stress of a bar;\nboth of the cracked state where the section is cracked and the model has "
+    "one, else of the uncracked or only state\n";
 
 /// What decides the order of the lines.
 struct Rank {
