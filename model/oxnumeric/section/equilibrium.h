@@ -14,7 +14,8 @@ struct EquilibriumOptions {
   double relative{1e-11};  ///< |F(d) - P| <= relative |P| …
   double floor{2e-14};     ///< … or <= floor F_s, in the scaled norm
   double accept{1000.0};   ///< out of steps: still converged within this multiple
-  /// Sharpest form of curves with steps that is solved: `ramp` is enough where only the gauge counts.
+  /// Sharpest form of curves with steps that is solved: `ramp` is enough where only the gauge
+  /// counts.
   CurveForm sharpest{CurveForm::exact};
 };
 
