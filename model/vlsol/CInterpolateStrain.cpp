@@ -12,11 +12,6 @@ namespace {
 using Velmo9::Deformation;
 using Velmo9::SlsResponse;
 
-bool HasModel(const CVelmoData& document, const Velmo9::VelmoSection& section, int iTask,
-              Design::CurveKind model) {
-  return document.HasMaterialModel(section, iTask, LoadState::SLS, static_cast<int>(model));
-}
-
 // The factor of a response that came without one.
 double FactorOf(const Velmo9::VelmoLoad& load, const CVelmoData& document,
                 const Velmo9::VelmoSection& section, int iTask, double utilisation) {
@@ -40,12 +35,12 @@ CInterpolateStrain::CInterpolateStrain(const Velmo9::VelmoLoad& load, const SlsR
       VlSol::CrackingUtilisation(document, uncracked, response.uncracked.Components());
   isCracked_ = utilisation > 1.0;
   zeta_ = std::numeric_limits<double>::infinity();
-  if (HasModel(document, section, iTask, Design::CurveKind::interpolated)) {
+  if (VlSol::HasServiceModel(document, section, iTask, Design::CurveKind::interpolated)) {
     zeta_ = std::isnan(response.zeta) ? FactorOf(load, document, section, iTask, utilisation)
                                       : response.zeta;
     if (!tensionStiffening) zeta_ = isCracked_ ? 1.0 : 0.0;
     interpolated_ = Deformation(zeta_ * cracked.Vector() + (1.0 - zeta_) * uncracked.Vector());
-  } else if (HasModel(document, section, iTask, Design::CurveKind::bs8110Tension)) {
+  } else if (VlSol::HasServiceModel(document, section, iTask, Design::CurveKind::bs8110Tension)) {
     interpolated_ = cracked;
   } else {
     interpolated_ = uncracked;

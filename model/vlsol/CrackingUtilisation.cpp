@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <limits>
 
+#include "model/vlsol/SteelLevel.h"
+
 namespace Orlix::VlSol {
 namespace {
 
@@ -29,21 +31,16 @@ double LargestStrain(const Deformation& deformation, const ComponentDetails& det
   return strain;
 }
 
-// Strain at the force centroid of the bars in tension; 0 without such bars.
 double SteelLevelStrain(const Deformation& deformation,
                         const DetailedIntegrationResult::ComponentMap& components) {
-  double first = 0.0;
-  double second = 0.0;
+  SteelLevel level;
   for (const auto& [index, details] : components) {
     if (!details.cracking) continue;
     for (const Cracking::Bar& bar : details.cracking->bars) {
-      const double e = StrainAt(deformation, details, bar.position);
-      if (e <= 0.0) continue;
-      first += bar.area * e;
-      second += bar.area * e * e;
+      level.Add(bar.area, StrainAt(deformation, details, bar.position));
     }
   }
-  return first > 0.0 ? second / first : 0.0;
+  return level.Strain();
 }
 
 }  // namespace

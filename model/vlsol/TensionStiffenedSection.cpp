@@ -5,6 +5,7 @@
 #include <cstddef>
 
 #include "model/oxnumeric/section/equilibrium.h"
+#include "model/vlsol/SteelLevel.h"
 
 namespace Orlix::VlSol {
 
@@ -23,15 +24,11 @@ TensionStiffenedSection::TensionStiffenedSection(const Data::Velmo9::CompiledTas
 }
 
 double TensionStiffenedSection::SteelLevelStrain(const Plane& plane) const {
-  double first = 0.0;
-  double second = 0.0;
+  SteelLevel level;
   for (const auto& point : section_.points) {
-    const double e = Dot(Numeric::Phi(point.position), plane) + point.displacedOffset;
-    if (e <= 0.0) continue;
-    first += point.area * e;
-    second += point.area * e * e;
+    level.Add(point.area, Dot(Numeric::Phi(point.position), plane) + point.displacedOffset);
   }
-  return first > 0.0 ? second / first : 0.0;
+  return level.Strain();
 }
 
 void TensionStiffenedSection::SetTensionModulus(double modulus) {

@@ -8,8 +8,7 @@
 namespace Orlix::VlSol {
 
 /// A cracked section whose concrete carries tension in a straight line from the neutral axis, of
-/// such a slope that it reaches a given stress at the level of the tension steel. That level is the
-/// force centroid of the bars in tension, Σ A e² / Σ A e, which is the centroid for one layer.
+/// such a slope that it reaches a given stress at the level of the tension steel (`SteelLevel`).
 /// Source: BS 8110-2, 3.6.
 class TensionStiffenedSection {
  public:

@@ -139,12 +139,12 @@ SlsCaseSolution Solution(const SlsModel& model, const Vec3<double>& input, const
   return solution;
 }
 
-bool HasModel(const Data::CVelmoData& document, const Data::Velmo9::VelmoSection& section,
-              int iTask, Data::Design::CurveKind model) {
+}  // namespace
+
+bool HasServiceModel(const Data::CVelmoData& document, const Data::Velmo9::VelmoSection& section,
+                     int iTask, Data::Design::CurveKind model) {
   return document.HasMaterialModel(section, iTask, LoadState::SLS, static_cast<int>(model));
 }
-
-}  // namespace
 
 std::optional<SlsModel> SlsModel::Of(const Data::CVelmoData& document,
                                      const Data::Velmo9::VelmoSection& section, int iTask) {
@@ -155,8 +155,8 @@ std::optional<SlsModel> SlsModel::Of(const Data::CVelmoData& document,
     return SectionCompiler::Compile(document, section, iTask, state, geometry);
   };
   SlsModel model;
-  const bool bs8110 = HasModel(document, section, iTask, CurveKind::bs8110Tension);
-  model.interpolates = HasModel(document, section, iTask, CurveKind::interpolated);
+  const bool bs8110 = HasServiceModel(document, section, iTask, CurveKind::bs8110Tension);
+  model.interpolates = HasServiceModel(document, section, iTask, CurveKind::interpolated);
   model.hasCrackedState = bs8110 || model.interpolates;
   model.uncracked = compile(SectionState::uncracked);
   model.cracked = model.hasCrackedState ? compile(SectionState::cracked) : model.uncracked;

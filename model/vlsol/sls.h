@@ -9,6 +9,10 @@
 
 namespace Orlix::VlSol {
 
+/// Whether some concrete that a task includes has a serviceability model.
+bool HasServiceModel(const Data::CVelmoData& document, const Data::Velmo9::VelmoSection& section,
+                     int iTask, Data::Design::CurveKind model);
+
 /// A task's section at the serviceability limit state: both states, and what decides between them.
 struct SlsModel {
   std::shared_ptr<const Data::Velmo9::CompiledTask> uncracked;

@@ -125,11 +125,11 @@ EquilibriumResult SolveEquilibrium(const CompiledSection& section, const Resulta
     // exact one; where a sharper form does not converge, the minimum sits on a step of it.
     constexpr int kPolish = 8;
     Newton ramp(section, load, CurveForm::ramp);
-    Newton regular(section, load, CurveForm::regular);
     EquilibriumResult best = ramp.Run(d, tolerance, options.maxIterations);
-    for (Newton* sharper : {&regular, &newton}) {
-      if (options.sharpest == CurveForm::ramp) break;
-      EquilibriumResult result = sharper->Run(best.plane, tolerance, kPolish);
+    for (const CurveForm form : {CurveForm::regular, CurveForm::exact}) {
+      if (form < options.sharpest) break;  // the forms are declared from the sharpest on
+      Newton sharper(section, load, form);
+      EquilibriumResult result = sharper.Run(best.plane, tolerance, kPolish);
       if (!result.converged && best.converged) {
         best.onStep = true;
         best.response = IntegrateWithTangent(section, best.plane);
