@@ -29,6 +29,14 @@ struct ComponentPreload {
   bool barsExcluded{};  ///< the bars were added later: they do not take the locked-in strain
 };
 
+/// The case of an earlier task of the section whose strain planes are locked into the components
+/// that both tasks include. Both numbers count from one.
+struct PreloadReference {
+  int task{1};
+  int iCase{1};
+  friend bool operator==(const PreloadReference&, const PreloadReference&) = default;
+};
+
 /// How long the loads of a task act; decides the concrete's effective modulus and the tension
 /// between cracks.
 enum class LoadTerm { shortTerm, longTerm, intermediate };
@@ -101,6 +109,10 @@ class AnalysisTask : public BaseEntity {
     preloads_[component] = preload;
   }
 
+  /// Where the component preload of the task comes from; nothing: it is switched off.
+  const std::optional<PreloadReference>& PreloadFrom() const { return preloadFrom_; }
+  void SetPreloadFrom(std::optional<PreloadReference> from) { preloadFrom_ = from; }
+
   const std::vector<TaskCase>& Cases() const { return cases_; }
   int NumCases() const { return static_cast<int>(cases_.size()); }
   /// Appends an empty case.
@@ -147,6 +159,7 @@ class AnalysisTask : public BaseEntity {
   bool includesAll_{true};
   std::set<int> included_;
   std::map<int, ComponentPreload> preloads_;
+  std::optional<PreloadReference> preloadFrom_;
   std::vector<TaskCase> cases_;
   std::shared_ptr<const TaskResults> results_;
 };
