@@ -22,12 +22,44 @@ AnalysisTask& VelmoSection::AddTask(const AnalysisTask& task) {
   return tasks_.emplace_back(AnalysisTask(task));
 }
 
+void VelmoSection::UpdateTask(int iTask, const AnalysisTask& task) {
+  if (&Task(iTask) != &task) Task(iTask) = task;
+}
+
+void VelmoSection::DeleteTask(int iTask) {
+  Task(iTask);
+  tasks_.erase(tasks_.begin() + iTask);
+  const int removed = iTask + 1;
+  for (AnalysisTask& task : tasks_) {
+    auto from = task.PreloadFrom();
+    if (!from || from->task < removed) continue;
+    from->task = from->task == removed ? 0 : from->task - 1;
+    task.SetPreloadFrom(from);
+  }
+}
+
 bool VelmoSection::hasConcreteComponent(int iTask) const {
   const AnalysisTask& task = Task(iTask);
   int index = 0;
   return std::any_of(Components().begin(), Components().end(), [&](const CSecComp& component) {
     return task.IncludesComponent(index++) && component.ConcreteExist();
   });
+}
+
+bool VelmoSection::IsCommonActiveComponentFound(int iTask, int iReference) const {
+  const AnalysisTask& task = Task(iTask);
+  const AnalysisTask& reference = Task(iReference);
+  for (int i = 0; i < static_cast<int>(Components().size()); ++i) {
+    if (task.IncludesComponent(i) && reference.IncludesComponent(i)) return true;
+  }
+  return false;
+}
+
+bool VelmoSection::DoesPreloadedTaskHasSameCreep(int iTask, int iReference) const {
+  const CreepSettings& a = Task(iTask).Creep();
+  const CreepSettings& b = Task(iReference).Creep();
+  if (a.term != b.term || a.creepCoefficient != b.creepCoefficient) return false;
+  return a.term != LoadTerm::intermediate || a.longTermShare == b.longTermShare;
 }
 
 }  // namespace Orlix::Data::Velmo9

@@ -20,9 +20,21 @@ class VelmoSection : public CSection {
   /// Appends a default task, or a copy.
   AnalysisTask& AddTask();
   AnalysisTask& AddTask(const AnalysisTask& task);
+  /// Replaces a task by a copy, with whatever results that brings along.
+  /// @throws std::out_of_range for no such task.
+  void UpdateTask(int iTask, const AnalysisTask& task);
+  /// Removes a task. Preload references follow their task to its new number; one to the removed
+  /// task gets the number 0, which is no task: the checks before a solution name it.
+  /// @throws std::out_of_range for no such task.
+  void DeleteTask(int iTask);
 
   /// Whether the components that a task includes contain concrete.
   bool hasConcreteComponent(int iTask) const;
+  /// Whether some component of the section is included in both tasks.
+  bool IsCommonActiveComponentFound(int iTask, int iReference) const;
+  /// Whether both tasks have the same load term and creep coefficient and, when the term is
+  /// intermediate, the same share of long-term load.
+  bool DoesPreloadedTaskHasSameCreep(int iTask, int iReference) const;
 
  private:
   std::vector<AnalysisTask> tasks_;
