@@ -85,16 +85,17 @@ void AnalysisTask::IncludeAllComponents() {
 }
 
 void AnalysisTask::SetCaseInput(int iCase, const Vec3<double>& input) {
-  if (iCase < 0) throw std::out_of_range("no such case");
-  cases_.at(static_cast<std::size_t>(iCase)).input = input;
+  const auto index = static_cast<std::size_t>(iCase);
+  if (index >= Cases().size()) throw std::out_of_range("no such case");
+  cases_.Own()[index].input = input;
 }
 
 bool AnalysisTask::IsCaseAnalysed(int iCase) const {
   if (!results_ || results_->action != action_ || iCase < 0) return false;
   const auto index = static_cast<std::size_t>(iCase);
-  if (index >= cases_.size() || !(computesUls_ || computesSls_)) return false;
-  return (!computesUls_ || IsSolved(results_->uls, index, cases_[index])) &&
-         (!computesSls_ || IsSolved(results_->sls, index, cases_[index]));
+  if (index >= Cases().size() || !(computesUls_ || computesSls_)) return false;
+  return (!computesUls_ || IsSolved(results_->uls, index, Cases()[index])) &&
+         (!computesSls_ || IsSolved(results_->sls, index, Cases()[index]));
 }
 
 UlSResult AnalysisTask::ULSResult(int iCase, bool withDetails) const {
@@ -139,8 +140,8 @@ Util::JsonValue AnalysisTask::toJson(Util::JsonAllocator& allocator, bool withCa
   }
   if (!withCases) return json;
   Util::JsonValue cases(rapidjson::kArrayType);
-  for (auto i = firstCase; i < cases_.size(); ++i) {
-    cases.PushBack(CaseToJson(cases_[i], action_, withNames, allocator), allocator);
+  for (auto i = firstCase; i < Cases().size(); ++i) {
+    cases.PushBack(CaseToJson(Cases()[i], action_, withNames, allocator), allocator);
   }
   AddMember(json, "cases", cases, allocator);
   return json;

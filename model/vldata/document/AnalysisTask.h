@@ -11,6 +11,7 @@
 
 #include "model/oxnumeric/Vec.h"
 #include "model/oxutil/BaseEntity.h"
+#include "model/oxutil/CopyOnWrite.h"
 #include "model/oxutil/Enumerations.h"
 #include "model/oxutil/json_fwd.h"
 #include "model/vldata/document/SLSResult.h"
@@ -113,11 +114,14 @@ class AnalysisTask : public BaseEntity {
   const std::optional<PreloadReference>& PreloadFrom() const { return preloadFrom_; }
   void SetPreloadFrom(std::optional<PreloadReference> from) { preloadFrom_ = from; }
 
-  const std::vector<TaskCase>& Cases() const { return cases_; }
-  int NumCases() const { return static_cast<int>(cases_.size()); }
+  /// Copies of the task share the cases until one of them changes its own.
+  const std::vector<TaskCase>& Cases() const { return cases_.Get(); }
+  int NumCases() const { return static_cast<int>(Cases().size()); }
   /// Appends an empty case.
-  void addCase() { cases_.emplace_back(); }
-  void addCase(TaskCase taskCase) { cases_.push_back(std::move(taskCase)); }
+  void addCase() { cases_.Own().emplace_back(); }
+  void addCase(TaskCase taskCase) { cases_.Own().push_back(std::move(taskCase)); }
+  /// Replaces all cases.
+  void SetCases(std::vector<TaskCase> cases) { cases_ = CopyOnWrite(std::move(cases)); }
   /// @throws std::out_of_range for no such case.
   void SetCaseInput(int iCase, const Vec3<double>& input);
 
@@ -160,7 +164,7 @@ class AnalysisTask : public BaseEntity {
   std::set<int> included_;
   std::map<int, ComponentPreload> preloads_;
   std::optional<PreloadReference> preloadFrom_;
-  std::vector<TaskCase> cases_;
+  CopyOnWrite<std::vector<TaskCase>> cases_;
   std::shared_ptr<const TaskResults> results_;
 };
 
