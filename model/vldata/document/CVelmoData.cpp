@@ -25,6 +25,7 @@ CVelmoData::CVelmoData(const OrlixString<wchar_t>& title, const CUnit& units) : 
 CVelmoData::CVelmoData(const CVelmoData& other)
     : CModelData(other),
       sections_(other.sections_),
+      queue_(other.queue_),
       code_(other.code_),
       materials_(std::make_shared<Materials>(*other.materials_)),
       options_(other.options_),
@@ -65,7 +66,15 @@ VelmoSection& CVelmoData::AddSection(const CSection& geometry) {
 }
 
 VelmoSection& CVelmoData::AddSection(const VelmoSection& section) {
-  return sections_.emplace_back(VelmoSection(section));
+  sections_.emplace_back(VelmoSection(section));
+  RequeueLastAnalysedCases(NumSections() - 1);
+  return sections_.back();
+}
+
+void CVelmoData::DeleteSection(int iSec) {
+  getSection(iSec);
+  sections_.erase(sections_.begin() + iSec);
+  RequeueLastAnalysedCases(iSec);
 }
 
 void CVelmoData::ResetGrade(MatType type, int grade) {
@@ -94,6 +103,44 @@ bool CVelmoData::ShouldCalculateCracked(const VelmoSection& section, int iTask) 
                           static_cast<int>(Design::CurveKind::bs8110Tension)) ||
          HasMaterialModel(section, iTask, LoadState::SLS,
                           static_cast<int>(Design::CurveKind::interpolated));
+}
+
+void CVelmoData::ClearTaskCasesFromAnalysisQueue(int iSec, int iTask, bool andLaterTasks) {
+  queue_.RemoveTask(iSec, iTask, andLaterTasks);
+}
+
+void CVelmoData::RequeueLastAnalysedCases(int iSec) {
+  if (iSec < 0 || iSec > NumSections()) throw std::out_of_range("no such section");
+  queue_.RemoveSectionsFrom(iSec);
+  for (int i = iSec; i < NumSections(); ++i) RequeueLastAnalysedCases(i, 0);
+}
+
+void CVelmoData::RequeueLastAnalysedCases(int iSec, int iTask) {
+  const auto numTasks = static_cast<int>(Section(iSec).Tasks().size());
+  if (iTask < 0 || iTask > numTasks) throw std::out_of_range("no such task");
+  queue_.RemoveTask(iSec, iTask, true);
+  for (int i = iTask; i < numTasks; ++i) QueueCasesWithoutResults(iSec, i);
+}
+
+void CVelmoData::TakeSolvedCasesFromAnalysisQueue(int iSec, int iTask) {
+  Section(iSec).Task(iTask);
+  if (queue_.IsPaused()) return;
+  queue_.RemoveTask(iSec, iTask, false);
+  QueueCasesWithoutResults(iSec, iTask);
+}
+
+// A task that computes no limit state waits for nothing.
+void CVelmoData::QueueCasesWithoutResults(int iSec, int iTask) {
+  const Velmo9::AnalysisTask& task = Section(iSec).Task(iTask);
+  if (!task.ComputesULS() && !task.ComputesSLS()) return;
+  if (!task.Results()) return queue_.Put({iSec, iTask, 0, task.NumCases()});
+  int first = 0;  // of the cases without results that end at `i`
+  for (int i = 0; i < task.NumCases(); ++i) {
+    if (!task.IsCaseAnalysed(i)) continue;
+    queue_.Put({iSec, iTask, first, i});
+    first = i + 1;
+  }
+  queue_.Put({iSec, iTask, first, task.NumCases()});
 }
 
 }  // namespace Orlix::Data

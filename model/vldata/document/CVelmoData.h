@@ -9,6 +9,7 @@
 #include "model/oxdata/materials/Materials.h"
 #include "model/oxutil/OrlixString.h"
 #include "model/oxutil/json_fwd.h"
+#include "model/vldata/document/AnalysisQueue.h"
 #include "model/vldata/document/CModelData.h"
 #include "model/vldata/document/VelmoSection.h"
 #include "model/vldata/json/ProblemList.h"
@@ -41,8 +42,8 @@ class CVelmoData : public CModelData {
   /// Writes the whole model into a document, which becomes an object.
   /// @param withFilePath  also where the document lives
   void toJson(Util::JsonDocument& json, Util::JsonAllocator& allocator, bool withFilePath) const;
-  /// What the last reading of JSON into this document, by the constructor, `SetCodes` or
-  /// `SetGrade`, could not take over.
+  /// What the last reading of JSON into this document, by the constructor, `SetCodes`, `SetGrade`,
+  /// `setSection` or `section`, could not take over.
   const std::vector<ReadProblem>& ReadProblems() const { return readProblems_; }
 
   void setFilePath(const std::filesystem::path& path) { filePath_ = path; }
@@ -68,6 +69,32 @@ class CVelmoData : public CModelData {
   /// Appends a section of that geometry, without tasks.
   Velmo9::VelmoSection& AddSection(const CSection& geometry);
   Velmo9::VelmoSection& AddSection(const Velmo9::VelmoSection& section);
+  /// Replaces a section, its tasks included, by one that stands in JSON as in a document. Something
+  /// wrong changes nothing and stands in `ReadProblems`.
+  /// @throws std::out_of_range for no such section.
+  void setSection(int iSec, const Util::JsonValue& json);
+  /// Builds a section from JSON without storing it. What is wrong takes its default and stands in
+  /// `ReadProblems`.
+  Velmo9::VelmoSection section(const Util::JsonValue& json);
+  /// Removes a section. @throws std::out_of_range for no such section.
+  void DeleteSection(int iSec);
+
+  /// The cases that wait for a solution. The operations of the document that add or remove whole
+  /// sections keep it; edits of a section's tasks are followed by one of the two below.
+  AnalysisQueue& Queue() { return queue_; }
+  const AnalysisQueue& Queue() const { return queue_; }
+  /// Drops a task's cases from the queue, because they are about to go or to change.
+  /// @param andLaterTasks  also those of the tasks behind it, whose indices are about to move
+  void ClearTaskCasesFromAnalysisQueue(int iSec, int iTask, bool andLaterTasks);
+  /// Puts the cases without results of a section, and of all behind it, on the queue, in place of
+  /// what the queue had from there on. An index just past the end is the end.
+  /// @throws std::out_of_range for an index further away.
+  void RequeueLastAnalysedCases(int iSec);
+  /// The same of a task and of those behind it in its section.
+  void RequeueLastAnalysedCases(int iSec, int iTask);
+  /// Takes the cases of a task that have results off the queue; none while a pauser holds.
+  /// @throws std::out_of_range for no such task.
+  void TakeSolvedCasesFromAnalysisQueue(int iSec, int iTask);
 
   /// Sets the design code: {"concrete": name, "annex": "recommended" | "UK"}, or the name alone.
   /// Grades that are the old code's standard ones become the new code's of the same name; others
@@ -109,8 +136,10 @@ class CVelmoData : public CModelData {
 
  private:
   void ChangeCode(const Design::ConcreteCode& code, ProblemList& problems);
+  void QueueCasesWithoutResults(int iSec, int iTask);
 
   std::vector<Velmo9::VelmoSection> sections_;
+  AnalysisQueue queue_;
   Design::ConcreteCode code_;
   std::shared_ptr<Materials> materials_;  // never null but after a move
   DocumentOptions options_;

@@ -90,6 +90,23 @@ CVelmoData::CVelmoData(Util::JsonDocument& json) : CVelmoData() {
   }
   reader.ReportUnknown();
   readProblems_ = problems.Problems();
+  RequeueLastAnalysedCases(0);
+}
+
+void CVelmoData::setSection(int iSec, const Util::JsonValue& json) {
+  Velmo9::VelmoSection& place = getSection(iSec);
+  Velmo9::VelmoSection read = section(json);
+  if (!readProblems_.empty()) return;
+  place = std::move(read);
+  RequeueLastAnalysedCases(iSec, 0);
+}
+
+Velmo9::VelmoSection CVelmoData::section(const Util::JsonValue& json) {
+  ProblemList problems;
+  const JsonPath root;
+  Velmo9::VelmoSection read = SectionFromJson(json, root.Member("section"), *materials_, problems);
+  readProblems_ = problems.Problems();
+  return read;
 }
 
 void CVelmoData::toJson(Util::JsonDocument& json, Util::JsonAllocator& allocator,
