@@ -29,6 +29,10 @@ class CBar {
   Preload GetPreload() const { return preload_; }
   void SetPreload(Preload preload) { preload_ = preload; }
 
+  /// Index of the description that made the bar among those of its component; -1: given as a point.
+  int Description() const { return description_; }
+  void SetDescription(int description) { description_ = description; }
+
   friend bool operator==(const CBar&, const CBar&) = default;
 
  private:
@@ -37,6 +41,7 @@ class CBar {
   double area_;
   int grade_;
   Preload preload_;
+  int description_{-1};
 };
 
 }  // namespace Orlix::Data

@@ -7,16 +7,11 @@
 #include "model/oxdata/geometry/CSecGeom.h"
 #include "model/oxdata/materials/CMat.h"
 #include "model/oxdata/section/CBar.h"
+#include "model/oxdata/section/Reinforcement.h"
 #include "model/oxutil/Enumerations.h"
 #include "model/oxutil/OrlixString.h"
 
 namespace Orlix::Data {
-
-/// The bars of a component.
-struct Reinforcement {
-  std::vector<CBar> bars;
-  friend bool operator==(const Reinforcement&, const Reinforcement&) = default;
-};
 
 /// The concrete part of a component: what only concrete has.
 class CSecCompConc {

@@ -13,7 +13,8 @@ namespace Orlix::Data {
 
 using Velmo9::VelmoSection;
 
-CVelmoData::CVelmoData() : materials_(StandardMaterials(code_.Data())), modelId_(NewUuid()) {}
+CVelmoData::CVelmoData()
+    : materials_(StandardMaterials(code_.Data())), rebarHelper_(materials_), modelId_(NewUuid()) {}
 
 CVelmoData::CVelmoData(const OrlixString<wchar_t>& title, const CUnit& units) : CVelmoData() {
   CTitles titles;
@@ -28,6 +29,7 @@ CVelmoData::CVelmoData(const CVelmoData& other)
       queue_(other.queue_),
       code_(other.code_),
       materials_(std::make_shared<Materials>(*other.materials_)),
+      rebarHelper_(materials_),
       options_(other.options_),
       filePath_(other.filePath_),
       modelId_(other.modelId_),

@@ -7,6 +7,8 @@
 
 #include "model/oxdata/codes/CConcCode.h"
 #include "model/oxdata/materials/Materials.h"
+#include "model/oxdata/reinforcement/CBarHelper.h"
+#include "model/oxdata/reinforcement/CRebarHelper.h"
 #include "model/oxutil/OrlixString.h"
 #include "model/oxutil/json_fwd.h"
 #include "model/vldata/document/AnalysisQueue.h"
@@ -124,6 +126,12 @@ class CVelmoData : public CModelData {
   const Design::CMatRebar& ReinforcementMaterial(int grade) const {
     return materials_->Reinforcement(grade);
   }
+  /// The bar sizes that descriptions know.
+  Util::CBarHelper& GenerateBarHelper() { return barHelper_; }
+  const Util::CBarHelper& GetBarHelper() const { return barHelper_; }
+  /// The reinforcement grades by name; they follow the document's table.
+  Util::CRebarHelper& GenerateRebarHelper() { return rebarHelper_; }
+  const Util::CRebarHelper& GetRebarHelper() const { return rebarHelper_; }
   const DocumentOptions& Options() const { return options_; }
   void SetOptions(const DocumentOptions& options) { options_ = options; }
 
@@ -142,6 +150,8 @@ class CVelmoData : public CModelData {
   AnalysisQueue queue_;
   Design::ConcreteCode code_;
   std::shared_ptr<Materials> materials_;  // never null but after a move
+  Util::CBarHelper barHelper_;
+  Util::CRebarHelper rebarHelper_;  // of materials_, by which it stands
   DocumentOptions options_;
   std::filesystem::path filePath_;
   std::string modelId_;

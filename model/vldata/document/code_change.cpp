@@ -19,9 +19,14 @@ std::set<Grade> UsedGrades(const std::vector<Velmo9::VelmoSection>& sections) {
     for (const CSecComp& component : section.Components()) {
       used.insert({component.MaterialType(), component.MaterialGrade()});
       if (!component.ConcreteExist()) continue;
-      for (const CBar& bar : component.Concrete().Bars()) {
+      const Reinforcement& reinforcement = component.Concrete().GetReinforcement();
+      for (const CBar& bar : reinforcement.bars) {
         used.insert({MatType::reinforcement, bar.Grade()});
       }
+      for (const BarDescription& description : reinforcement.descriptions) {
+        used.insert({MatType::reinforcement, description.grade});
+      }
+      used.insert({MatType::reinforcement, reinforcement.links.grade});
     }
   }
   return used;
@@ -42,6 +47,10 @@ void Renumber(CSecComp& component, MatType type, const NewGrades& grades) {
   if (type != MatType::reinforcement || !component.ConcreteExist()) return;
   Reinforcement reinforcement = component.Concrete().GetReinforcement();
   for (CBar& bar : reinforcement.bars) bar.SetGrade(NewGrade(grades, bar.Grade()));
+  for (BarDescription& description : reinforcement.descriptions) {
+    description.grade = NewGrade(grades, description.grade);
+  }
+  reinforcement.links.grade = NewGrade(grades, reinforcement.links.grade);
   component.Concrete().SetReinforcement(std::move(reinforcement));
 }
 
