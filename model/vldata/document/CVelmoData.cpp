@@ -124,11 +124,10 @@ void CVelmoData::RequeueLastAnalysedCases(int iSec, int iTask) {
   for (int i = iTask; i < numTasks; ++i) QueueCasesWithoutResults(iSec, i);
 }
 
-void CVelmoData::TakeSolvedCasesFromAnalysisQueue(int iSec, int iTask) {
-  Section(iSec).Task(iTask);
-  if (queue_.IsPaused()) return;
-  queue_.RemoveTask(iSec, iTask, false);
-  QueueCasesWithoutResults(iSec, iTask);
+void CVelmoData::UpdateAnalysisQueue(int iSec) {
+  const auto numTasks = static_cast<int>(Section(iSec).Tasks().size());
+  if (!queue_.IsPaused()) queue_.RemoveTask(iSec, 0, true);
+  for (int i = 0; i < numTasks; ++i) QueueCasesWithoutResults(iSec, i);
 }
 
 // A task that computes no limit state waits for nothing.

@@ -94,9 +94,10 @@ class CVelmoData : public CModelData {
   void RequeueLastAnalysedCases(int iSec);
   /// The same of a task and of those behind it in its section.
   void RequeueLastAnalysedCases(int iSec, int iTask);
-  /// Takes the cases of a task that have results off the queue; none while a pauser holds.
-  /// @throws std::out_of_range for no such task.
-  void TakeSolvedCasesFromAnalysisQueue(int iSec, int iTask);
+  /// Brings the queue up to date with the results of a section: puts the cases without results on
+  /// it and takes those with results off; none while a pauser holds.
+  /// @throws std::out_of_range for no such section.
+  void UpdateAnalysisQueue(int iSec);
 
   /// Sets the design code: {"concrete": name, "annex": "recommended" | "UK"}, or the name alone.
   /// Grades that are the old code's standard ones become the new code's of the same name; others
