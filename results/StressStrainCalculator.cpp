@@ -82,7 +82,7 @@ double StressStrainCalculator::PointStrainWithPrestrain(const Deformation& defor
                                                         const AnalysisTask& task, int component,
                                                         const ComponentDetails& details) {
   double strain = deformation.StrainAt(point);
-  if (task.ComponentPreloads().contains(component)) strain += details.lockedIn.StrainAt(point);
+  if (task.PreloadOf(component)) strain += details.lockedIn.StrainAt(point);
   return strain;
 }
 
@@ -92,8 +92,8 @@ double StressStrainCalculator::BarStrainWithPrestrain(const CBar& bar,
                                                       int component,
                                                       const ComponentDetails& details) const {
   double strain = deformation.StrainAt(bar.Position()) - BarPreStrain(bar, state);
-  const auto preload = task.ComponentPreloads().find(component);
-  if (preload != task.ComponentPreloads().end() && !preload->second.barsExcluded) {
+  const auto preload = task.PreloadOf(component);
+  if (preload && !preload->barsExcluded) {
     strain += details.lockedIn.StrainAt(bar.Position());
   }
   return strain;

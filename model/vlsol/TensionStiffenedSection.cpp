@@ -59,7 +59,9 @@ Plane TensionStiffenedSection::SolveEquilibrium(const Numeric::Resultant& load,
     return modulus * SteelLevelStrain(plane) - steelLevelStress_;
   };
   double high = largestModulus_;
-  double fHigh = high * SteelLevelStrain(start) - steelLevelStress_;
+  // Planes locked into the two states differ, and with them what the uncracked plane adds to.
+  double fHigh =
+      section_.hasLockedRegions ? excess(high) : high * SteelLevelStrain(start) - steelLevelStress_;
   if (fHigh <= 0.0) {  // no bar in tension: nothing holds the concrete together once it cracks
     excess(0.0);
     return plane;

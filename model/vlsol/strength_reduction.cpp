@@ -135,8 +135,8 @@ double StrengthReduction::Phi(const CompiledSection& section, const Plane& failu
   std::size_t extreme = 0;
   for (std::size_t i = 0; i < section.points.size(); ++i) {
     const CompiledSection::PointArea& point = section.points[i];
-    // Net of prestrain: the strain of the concrete around the bar.
-    const double e = Dot(Numeric::Phi(point.position), failure) + point.displacedOffset;
+    // Net of prestrain; a bar added after an earlier stage has none of that stage's strain.
+    const double e = Dot(Numeric::Phi(point.position), failure) + point.lockedOffset;
     if (e > strain) {
       strain = e;
       extreme = i;

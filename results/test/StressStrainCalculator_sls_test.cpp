@@ -107,7 +107,7 @@ constexpr double kStressError = 1e-3;  // [Pa]
 
 TEST_F(SlsStressStrainTest, BothStatesMatchHandCalculation) {
   SetModel(CurveKind::interpolated);
-  Task().SetComponentPreload(0, {});  // locks in 0.0001, cracked 0.0003
+  Task().SetPreloadFrom(Data::Velmo9::PreloadReference{});  // locks in 0.0001, cracked 0.0003
   const CaseSLSDetails record = Filled();
   ASSERT_EQ(record.pointResults.size(), 2U);
   for (const auto& [component, points] : record.pointResults) {

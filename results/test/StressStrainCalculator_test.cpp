@@ -124,7 +124,9 @@ TEST_F(StressStrainCalculatorTest, LockedInStrainNeedsAnEntryAndForBarsAClearFla
   } kCases[] = {{false, false, 0.0, 0.0}, {true, false, 0.0002, 0.0002}, {true, true, 0.0002, 0.0}};
   for (const auto& c : kCases) {
     AnalysisTask withPreload;
-    if (c.entry) withPreload.SetComponentPreload(0, {c.barsExcluded});
+    Data::Velmo9::PreloadReference from;
+    if (c.barsExcluded) from.barsAddedLater = {0};
+    if (c.entry) withPreload.SetPreloadFrom(from);
     *task = withPreload;
     const CaseULSDetails record = Fill(Result({}, {0.0002, 0.0, 0.0}));
     EXPECT_DOUBLE_EQ(record.pointResults.at(0)[0].strain, c.point);

@@ -142,7 +142,8 @@ void AddPoint(const PointAreaInput& input, const std::vector<RegionInput>& regio
   point.curve = input.curve;
   const Vec3<double> phi = Phi(point.position);
   const Plane locked = section.ToLocal(input.locked);
-  point.strainOffset = Dot(phi, locked) + input.prestrain;
+  point.lockedOffset = point.displacedOffset = Dot(phi, locked);
+  point.strainOffset = point.lockedOffset + input.prestrain;
   if (input.host >= 0) {
     const RegionInput& host = regions[static_cast<std::size_t>(input.host)];
     point.displacedCurve = host.curve;

@@ -61,7 +61,8 @@ struct CompiledSection {
     int curve{};
     int displacedCurve{-1};    ///< curve of the material displaced; -1: none
     double strainOffset{};     ///< locked-in strain at the bar and prestrain
-    double displacedOffset{};  ///< locked-in strain at the bar, without prestrain
+    double lockedOffset{};     ///< locked-in strain of the bar alone
+    double displacedOffset{};  ///< locked-in strain of the material around it
   };
 
   /// A place where a strain limit is reached first: a hull vertex or a point area.

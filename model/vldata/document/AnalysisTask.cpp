@@ -41,6 +41,24 @@ void AddPhiFactors(Util::JsonValue& json, const CustomPhi& phi, Util::JsonAlloca
   AddMember(json, "phiFactors", value, allocator);
 }
 
+void AddComponentNumbers(Util::JsonValue& json, const char* name, const std::set<int>& components,
+                         Util::JsonAllocator& allocator) {
+  Util::JsonValue numbers(rapidjson::kArrayType);
+  for (const int component : components) numbers.PushBack(component + 1, allocator);
+  AddMember(json, name, numbers, allocator);
+}
+
+void AddPreload(Util::JsonValue& json, const PreloadReference& from,
+                Util::JsonAllocator& allocator) {
+  Util::JsonValue value(rapidjson::kObjectType);
+  value.AddMember("task", from.task, allocator);
+  value.AddMember("case", from.iCase, allocator);
+  if (!from.barsAddedLater.empty()) {
+    AddComponentNumbers(value, "barsAddedLater", from.barsAddedLater, allocator);
+  }
+  AddMember(json, "preload", value, allocator);
+}
+
 // Whether a limit state has, for a case, a solution of its input.
 template <class Solution>
 bool IsSolved(const std::vector<Solution>& solutions, std::size_t index, const TaskCase& of) {
@@ -82,6 +100,11 @@ void AnalysisTask::SetIncludedComponents(std::set<int> components) {
 void AnalysisTask::IncludeAllComponents() {
   includesAll_ = true;
   included_.clear();
+}
+
+std::optional<ComponentPreload> AnalysisTask::PreloadOf(int component) const {
+  if (!preloadFrom_) return std::nullopt;
+  return ComponentPreload{preloadFrom_->barsAddedLater.contains(component)};
 }
 
 void AnalysisTask::SetCaseInput(int iCase, const Vec3<double>& input) {
@@ -134,10 +157,9 @@ Util::JsonValue AnalysisTask::toJson(Util::JsonAllocator& allocator, bool withCa
   if (includesAll_) {
     AddText(json, "components", std::string_view("all"), allocator);
   } else {
-    Util::JsonValue numbers(rapidjson::kArrayType);
-    for (const int component : included_) numbers.PushBack(component + 1, allocator);
-    AddMember(json, "components", numbers, allocator);
+    AddComponentNumbers(json, "components", included_, allocator);
   }
+  if (preloadFrom_) AddPreload(json, *preloadFrom_, allocator);
   if (!withCases) return json;
   Util::JsonValue cases(rapidjson::kArrayType);
   for (auto i = firstCase; i < Cases().size(); ++i) {

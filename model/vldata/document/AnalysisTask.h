@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <map>
 #include <memory>
 #include <optional>
 #include <set>
@@ -30,11 +29,13 @@ struct ComponentPreload {
   bool barsExcluded{};  ///< the bars were added later: they do not take the locked-in strain
 };
 
-/// The case of an earlier task of the section whose strain planes are locked into the components
-/// that both tasks include. Both numbers count from one.
+/// The component preload of a task: a case of an earlier task of the section, whose strain planes
+/// are locked into the components that both tasks include. Both numbers count from one.
 struct PreloadReference {
   int task{1};
   int iCase{1};
+  /// Components, by index, whose bars were put in after that case: they take no locked-in strain.
+  std::set<int> barsAddedLater{};
   friend bool operator==(const PreloadReference&, const PreloadReference&) = default;
 };
 
@@ -104,15 +105,12 @@ class AnalysisTask : public BaseEntity {
   const std::optional<CustomPhi>& PhiFactors() const { return phi_; }
   void SetPhiFactors(std::optional<CustomPhi> phi) { phi_ = phi; }
 
-  /// Components that take a locked-in strain plane, by index.
-  const std::map<int, ComponentPreload>& ComponentPreloads() const { return preloads_; }
-  void SetComponentPreload(int component, ComponentPreload preload) {
-    preloads_[component] = preload;
-  }
-
   /// Where the component preload of the task comes from; nothing: it is switched off.
   const std::optional<PreloadReference>& PreloadFrom() const { return preloadFrom_; }
-  void SetPreloadFrom(std::optional<PreloadReference> from) { preloadFrom_ = from; }
+  void SetPreloadFrom(std::optional<PreloadReference> from) { preloadFrom_ = std::move(from); }
+  /// How the task preloads a component; nothing where component preload is switched off. The plane
+  /// locked into a component that the reference task does not include is zero.
+  std::optional<ComponentPreload> PreloadOf(int component) const;
 
   /// Copies of the task share the cases until one of them changes its own.
   const std::vector<TaskCase>& Cases() const { return cases_.Get(); }
@@ -162,7 +160,6 @@ class AnalysisTask : public BaseEntity {
   std::optional<CustomPhi> phi_;
   bool includesAll_{true};
   std::set<int> included_;
-  std::map<int, ComponentPreload> preloads_;
   std::optional<PreloadReference> preloadFrom_;
   CopyOnWrite<std::vector<TaskCase>> cases_;
   std::shared_ptr<const TaskResults> results_;

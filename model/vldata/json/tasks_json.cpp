@@ -15,6 +15,7 @@ using Velmo9::AnalysisTask;
 using Velmo9::CreepSettings;
 using Velmo9::CustomPhi;
 using Velmo9::LoadTerm;
+using Velmo9::PreloadReference;
 using Velmo9::TaskCase;
 
 constexpr std::array<std::pair<std::string_view, LoadAction>, 2> kActionNames = {{
@@ -65,6 +66,23 @@ std::optional<CustomPhi> PhiFrom(const Util::JsonValue& json, const JsonPath& pa
   return isComplete ? std::optional(phi) : std::nullopt;
 }
 
+// The indices of the components whose numbers an array holds.
+std::set<int> ComponentsFrom(const Util::JsonValue& array, const JsonPath& path, int numComponents,
+                             ProblemList& problems) {
+  const std::string expected =
+      "the number of a component, 1 to " + std::to_string(numComponents) + ", once each";
+  std::set<int> components;
+  for (rapidjson::SizeType i = 0; i < array.Size(); ++i) {
+    const Util::JsonValue& number = array[i];
+    const bool isComponent =
+        number.IsInt() && number.GetInt() >= 1 && number.GetInt() <= numComponents;
+    if (!isComponent || !components.insert(number.GetInt() - 1).second) {
+      problems.Add(path.Element(i), &number, expected);
+    }
+  }
+  return components;
+}
+
 void ReadComponents(ObjectReader& reader, int numComponents, AnalysisTask& task) {
   const Util::JsonValue* value = reader.Find("components");
   if (value == nullptr) return;
@@ -73,19 +91,31 @@ void ReadComponents(ObjectReader& reader, int numComponents, AnalysisTask& task)
     reader.Report("components", "\"all\" or an array of component numbers");
     return;
   }
-  const std::string expected =
-      "the number of a component, 1 to " + std::to_string(numComponents) + ", once each";
-  const JsonPath path = reader.PathOf("components");
-  std::set<int> included;
-  for (rapidjson::SizeType i = 0; i < value->Size(); ++i) {
-    const Util::JsonValue& number = (*value)[i];
-    const bool isComponent =
-        number.IsInt() && number.GetInt() >= 1 && number.GetInt() <= numComponents;
-    if (!isComponent || !included.insert(number.GetInt() - 1).second) {
-      reader.Problems().Add(path.Element(i), &number, expected);
-    }
+  task.SetIncludedComponents(
+      ComponentsFrom(*value, reader.PathOf("components"), numComponents, reader.Problems()));
+}
+
+// A number that is absent or none takes its default. Whether there are such a task and case is for
+// the checks before a solution to say.
+int NumberFrom(ObjectReader& reader, std::string_view name, int otherwise) {
+  const Util::JsonValue* value = reader.Find(name);
+  if (value != nullptr && value->IsInt()) return value->GetInt();
+  reader.Report(name, "a whole number, counted from 1");
+  return otherwise;
+}
+
+PreloadReference PreloadFrom(const Util::JsonValue& json, const JsonPath& path, int numComponents,
+                             ProblemList& problems) {
+  ObjectReader reader(json, path, problems);
+  PreloadReference from;
+  from.task = NumberFrom(reader, "task", from.task);
+  from.iCase = NumberFrom(reader, "case", from.iCase);
+  if (const Util::JsonValue* later = reader.Array("barsAddedLater")) {
+    from.barsAddedLater =
+        ComponentsFrom(*later, reader.PathOf("barsAddedLater"), numComponents, problems);
   }
-  task.SetIncludedComponents(std::move(included));
+  reader.ReportUnknown();
+  return from;
 }
 
 }  // namespace
@@ -104,6 +134,9 @@ AnalysisTask TaskFromJson(const Util::JsonValue& json, const JsonPath& path, int
     task.SetPhiFactors(PhiFrom(*phi, reader.PathOf("phiFactors"), problems));
   }
   ReadComponents(reader, numComponents, task);
+  if (const Util::JsonValue* preload = reader.Object("preload")) {
+    task.SetPreloadFrom(PreloadFrom(*preload, reader.PathOf("preload"), numComponents, problems));
+  }
   if (const Util::JsonValue* cases = reader.Array("cases")) {
     const JsonPath casesPath = reader.PathOf("cases");
     for (rapidjson::SizeType i = 0; i < cases->Size(); ++i) {

@@ -11,6 +11,10 @@ std::string Bar(int component, int bar) {
   return Component(component) + ", bar " + std::to_string(bar + 1);
 }
 
+std::string Name(LoadState state) {
+  return state == LoadState::ULS ? "ultimate" : "serviceability";
+}
+
 }  // namespace
 
 std::string NothingIncluded(int task) {
@@ -35,8 +39,7 @@ std::string TooFarAway(int component) {
 
 std::string NoCurve(int component, const OrlixString<wchar_t>& grade, LoadState state) {
   return Component(component) + ": the grade " + to_string(grade) +
-         " has no valid stress-strain curve at the " +
-         (state == LoadState::ULS ? "ultimate" : "serviceability") + " limit state.";
+         " has no valid stress-strain curve at the " + Name(state) + " limit state.";
 }
 
 std::string NoBarGrade(int component, int bar) {
@@ -61,10 +64,17 @@ std::string NoCreep(int task) {
          "between 0 and 1.";
 }
 
-std::string NoPhi(int task) {
+std::string NoPreloadingCase(int task) {
   return "Task " + std::to_string(task + 1) +
-         " has no valid phi factors: they must lie between 0 and 1 and, like their strain limits, "
-         "not fall from compression to tension control; strain limits must not be negative.";
+         " is preloaded by a case that has no results: solve the earlier task first.";
 }
+
+std::string NoPreloadingState(int task, int reference, LoadState state) {
+  return "Task " + std::to_string(task + 1) + " is preloaded by task " +
+         std::to_string(reference + 1) + ", which does not compute the " + Name(state) +
+         " limit state.";
+}
+
+std::string TaskPrefix(int task) { return "Error from task " + std::to_string(1LL + task) + ": "; }
 
 }  // namespace Orlix::Data::Velmo9::CompileMessages

@@ -20,6 +20,10 @@ std::string NoBarArea(int component, int bar);
 std::string NoBarPlace(int component, int bar);
 std::string NoBarPreload(int component, int bar);
 std::string NoCreep(int task);
-std::string NoPhi(int task);
+std::string NoPreloadingCase(int task);
+std::string NoPreloadingState(int task, int reference, LoadState state);
+
+/// What a message about a task begins with: "Error from task 2: ".
+std::string TaskPrefix(int task);
 
 }  // namespace Orlix::Data::Velmo9::CompileMessages

@@ -8,6 +8,7 @@
 #include "model/oxdata/codes/bs8110/tension_stiffening.h"
 #include "model/oxdata/materials/service_curves.h"
 #include "model/vldata/response/compile_problems.h"
+#include "model/vldata/response/stages.h"
 
 namespace Orlix::Data::Velmo9 {
 namespace {
@@ -74,8 +75,10 @@ class InputBuilder {
   InputBuilder(const CVelmoData& document, SectionState state, const CreepSettings& creep)
       : document_(document), state_(state), creep_(creep) {}
 
-  void AddRegion(const CSecComp& component, const TaskGeometry::Component& geometry) {
+  void AddRegion(const CSecComp& component, const TaskGeometry::Component& geometry,
+                 const Deformation& lockedIn) {
     RegionInput region;
+    region.locked = lockedIn.Vector();
     region.curve = CurveIndex(component.MaterialType(), component.MaterialGrade());
     for (const Numeric::OwnedPolygon& polygon : geometry.polygons) {
       region.rings.push_back({polygon.outline, false});
@@ -84,7 +87,9 @@ class InputBuilder {
     input_.regions.push_back(std::move(region));
   }
 
-  void AddBars(const CSecComp& component, const TaskGeometry::Component& geometry) {
+  /// @param lockedIn  plane that the bars take
+  void AddBars(const CSecComp& component, const TaskGeometry::Component& geometry,
+               const Deformation& lockedIn) {
     for (std::size_t i = 0; i < geometry.barHosts.size(); ++i) {
       const CBar& bar = component.Concrete().Bars()[i];
       PointAreaInput point;
@@ -92,6 +97,7 @@ class InputBuilder {
       point.area = bar.Area();
       point.curve = CurveIndex(MatType::reinforcement, bar.Grade());
       point.prestrain = -BarPreStrain(document_, bar, LoadStateOf(state_));
+      point.locked = lockedIn.Vector();
       point.host = geometry.barHosts[i];  // regions stand in the order of the components
       input_.points.push_back(point);
     }
@@ -132,23 +138,31 @@ std::shared_ptr<const CompiledTask> SectionCompiler::Compile(const CVelmoData& d
                                                              SectionState state,
                                                              const TaskGeometry& geometry) {
   if (!Problems(document, section, iTask, LoadStateOf(state)).empty()) return nullptr;
-  const CreepSettings& creep = section.Task(iTask).Creep();
+  const AnalysisTask& task = section.Task(iTask);
+  const CreepSettings& creep = task.Creep();
+  const LockedStage stage = StageBefore(document, section, iTask, state);
   InputBuilder builder(document, state, creep);
   DetailedIntegrationResult::ComponentMap components;
   for (const TaskGeometry::Component& own : geometry.Components()) {
     const CSecComp& component = section.Components()[static_cast<std::size_t>(own.index)];
-    builder.AddRegion(component, own);
+    const auto plane = stage.planes.find(own.index);
+    const Deformation lockedIn = plane != stage.planes.end() ? plane->second : Deformation();
+    builder.AddRegion(component, own, lockedIn);
     const Design::CMat& material =
         document.getMaterials()->Grade(component.MaterialType(), component.MaterialGrade());
     const bool cracks = state != SectionState::ultimate && component.ConcreteExist();
-    components[own.index] = {CurveIn(state, material, creep), Deformation(), true,
+    components[own.index] = {CurveIn(state, material, creep), lockedIn, true,
                              cracks ? CrackingOf(component, material, own, creep) : nullptr};
   }
   for (const TaskGeometry::Component& own : geometry.Components()) {
-    builder.AddBars(section.Components()[static_cast<std::size_t>(own.index)], own);
+    const auto preload = task.PreloadOf(own.index);
+    const bool isPreloaded = preload && !preload->barsExcluded;
+    builder.AddBars(section.Components()[static_cast<std::size_t>(own.index)], own,
+                    isPreloaded ? components[own.index].lockedIn : Deformation());
   }
   auto compiled = std::make_shared<CompiledTask>();
   compiled->section = Numeric::Compile(builder.Input());
+  if (!stage.isInEquilibrium) compiled->section.lockedBeyondLimit = true;
   compiled->components =
       std::make_shared<const DetailedIntegrationResult::ComponentMap>(std::move(components));
   compiled->bs8110Curves = builder.Bs8110Curves();

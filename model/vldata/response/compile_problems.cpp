@@ -7,6 +7,7 @@
 
 #include "model/vldata/response/CompileMessages.h"
 #include "model/vldata/response/SectionCompiler.h"
+#include "model/vldata/response/stages.h"
 
 namespace Orlix::Data::Velmo9 {
 namespace {
@@ -36,12 +37,6 @@ bool IsUsable(const Design::CMatCurveParam& curve) {
 // Concrete creeps by a few times its elastic strain; beyond this the coefficient is a slip.
 constexpr double kMostCreep = 100.0;
 
-bool IsUsable(const CustomPhi& phi) {  // false for NaN
-  return phi.compressionStrain >= 0.0 && phi.compressionStrain <= phi.tensionStrain &&
-         phi.tensionStrain < 1.0 && phi.phiCompression >= 0.0 &&
-         phi.phiCompression <= phi.phiTension && phi.phiTension <= 1.0;
-}
-
 bool IsUsable(const CreepSettings& creep) {
   return creep.creepCoefficient >= 0.0 && creep.creepCoefficient <= kMostCreep &&
          creep.LongShare() >= 0.0 && creep.LongShare() <= 1.0;
@@ -68,14 +63,20 @@ class Checker {
     if (state_ == LoadState::SLS && !IsUsable(task_.Creep())) {
       problems_.push_back(Messages::NoCreep(iTask_));
     }
-    if (state_ == LoadState::ULS && task_.PhiFactors() && !IsUsable(*task_.PhiFactors()) &&
-        document_.concreteCode().IsStrengthReduction()) {
-      problems_.push_back(Messages::NoPhi(iTask_));
-    }
+    if (state_ == LoadState::ULS) CheckPhi();
+    std::string preload = PreloadProblem(document_, section_, iTask_, state_);
+    if (!preload.empty()) problems_.push_back(std::move(preload));
     return std::move(problems_);
   }
 
  private:
+  void CheckPhi() {
+    if (!task_.PhiFactors() || !document_.concreteCode().IsStrengthReduction()) return;
+    for (const std::string& problem : PhiProblems(*task_.PhiFactors())) {
+      problems_.push_back(Messages::TaskPrefix(iTask_) + problem);
+    }
+  }
+
   void CheckComponent(int index, const CSecComp& component) {
     const MatType type = component.MaterialType();
     if (type != MatType::concrete && type != MatType::steel && type != MatType::FRP) {
@@ -152,6 +153,30 @@ std::string OutlineProblem(int component, const CSecGeom& geometry) {
     return std::all_of(polygon.outline.begin(), polygon.outline.end(), IsPlace);
   });
   return isNear ? std::string() : Messages::TooFarAway(component);
+}
+
+std::vector<std::string> PhiProblems(const CustomPhi& phi) {
+  // What holds for good factors, so that one that is no number breaks it, too.
+  const struct {
+    bool holds;
+    const char* otherwise;
+  } kRules[] = {
+      {phi.compressionStrain >= 0.0 && phi.tensionStrain >= 0.0,
+       "strain limit should not be negative"},
+      {phi.phiCompression >= 0.0 && phi.phiTension >= 0.0, "phi factors should not be negative"},
+      {phi.compressionStrain <= phi.tensionStrain,
+       "compression controlled strain limit should not be greater than tension controlled strain "
+       "limit"},
+      {phi.phiCompression <= phi.phiTension,
+       "compression controlled phi should not be greater than tension controlled phi"},
+      {phi.phiCompression <= 1.0 && phi.phiTension <= 1.0,
+       "phi factors should not be greater than 1"},
+  };
+  std::vector<std::string> problems;
+  for (const auto& [holds, otherwise] : kRules) {
+    if (!holds) problems.emplace_back(otherwise);
+  }
+  return problems;
 }
 
 std::vector<std::string> CompileProblems(const CVelmoData& document, const VelmoSection& section,

@@ -12,6 +12,9 @@ namespace Orlix::Data::Velmo9 {
 /// @param component  index, for the message
 std::string OutlineProblem(int component, const CSecGeom& geometry);
 
+/// What is wrong with a task's own phi factors, one text each; empty: nothing.
+std::vector<std::string> PhiProblems(const CustomPhi& phi);
+
 /// What keeps a task from being compiled for a load state, one message line each; empty: nothing.
 /// @throws std::out_of_range for no such task.
 std::vector<std::string> CompileProblems(const CVelmoData& document, const VelmoSection& section,

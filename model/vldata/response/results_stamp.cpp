@@ -1,6 +1,10 @@
 #include "model/vldata/response/results_stamp.h"
 
 #include <bit>
+#include <cstddef>
+#include <utility>
+
+#include "model/vldata/response/stages.h"
 
 namespace Orlix::Data::Velmo9 {
 namespace {
@@ -106,6 +110,24 @@ void AddCreep(Hash& hash, const CreepSettings& creep) {
   hash.Add(creep.LongShare());
 }
 
+// The planes that are locked in follow from what the preloading case was computed from.
+void AddPreload(Hash& hash, const CVelmoData& document, const VelmoSection& section, int iTask) {
+  const std::optional<PreloadReference>& from = section.Task(iTask).PreloadFrom();
+  hash.Add(from.has_value());
+  if (!from) return;
+  hash.AddSize(from->barsAddedLater.size());
+  for (const int component : from->barsAddedLater) hash.Add(component);
+  const std::optional<CaseIndex> preloading = PreloadingCase(section, iTask);
+  const bool isSolved =
+      preloading && HasCurrentResults(document, section, preloading->iTask, preloading->iCase);
+  hash.Add(isSolved);
+  if (!isSolved) return;
+  const AnalysisTask& reference = section.Task(preloading->iTask);
+  hash.Add(reference.Results()->stamp);
+  const Vec3<double>& input = reference.Cases()[static_cast<std::size_t>(preloading->iCase)].input;
+  for (const double number : {input.x, input.y, input.z}) hash.Add(number);
+}
+
 }  // namespace
 
 std::uint64_t ResultsStamp(const CVelmoData& document, const VelmoSection& section, int iTask) {
@@ -120,10 +142,7 @@ std::uint64_t ResultsStamp(const CVelmoData& document, const VelmoSection& secti
   hash.Add(static_cast<int>(task.Action()));
   if (task.ComputesULS()) AddReduction(hash, section, task);
   if (task.ComputesSLS()) AddCreep(hash, task.Creep());
-  for (const auto& [component, preload] : task.ComponentPreloads()) {
-    hash.Add(component);
-    hash.Add(preload.barsExcluded);
-  }
+  AddPreload(hash, document, section, iTask);
   int index = 0;
   for (const CSecComp& component : section.Components()) {
     const int i = index++;
@@ -134,6 +153,15 @@ std::uint64_t ResultsStamp(const CVelmoData& document, const VelmoSection& secti
   return hash.Value();
 }
 
+bool HasCurrentResults(const CVelmoData& document, const VelmoSection& section, int iTask,
+                       int iCase) {
+  if (iTask < 0 || std::cmp_greater_equal(iTask, section.Tasks().size())) return false;
+  const AnalysisTask& task = section.Task(iTask);
+  return task.IsCaseAnalysed(iCase) &&
+         task.Results()->stamp == ResultsStamp(document, section, iTask);
+}
+
+// In the order of the tasks: what preloads a task stands before it.
 void DropOutdatedResults(const CVelmoData& document, VelmoSection& section) {
   for (int i = 0; i < static_cast<int>(section.Tasks().size()); ++i) {
     AnalysisTask& task = section.Task(i);

@@ -113,10 +113,12 @@ TEST(SectionCompiler, SaysWhatCannotBeCompiled) {
        "Component 1, bar 1 has a preload that its curve does not reach."},
       {[](CVelmoData& d, VelmoSection& s) {
          d.SetCodes(OrlixString<wchar_t>(L"ACI 318-19"));
-         s.Task(0).SetPhiFactors(CustomPhi{0.002, 0.005, 5.0, 0.9});
+         s.Task(0).SetPhiFactors(CustomPhi{0.006, 0.005, 0.65, 0.9});
        },
-       "Task 1 has no valid phi factors: they must lie between 0 and 1 and, like their strain "
-       "limits, not fall from compression to tension control; strain limits must not be negative."},
+       "Error from task 1: compression controlled strain limit should not be greater than tension "
+       "controlled strain limit"},
+      {[](CVelmoData&, VelmoSection& s) { s.Task(0).SetPreloadFrom(PreloadReference{}); },
+       "Task 1 is preloaded by a case that has no results: solve the earlier task first."},
   };
   for (const auto& c : kCases) {
     SCOPED_TRACE(c.problem);
