@@ -7,9 +7,6 @@ namespace Orlix::AppMessages {
 
 // Texts of the facade. Indices come in from zero and are shown from one.
 
-/// Explicit curves are refused as a whole.
-inline constexpr const char* kNoExplicitCurves = "Explicit curves cannot be imported yet";
-
 std::string InvalidSection(int iSec);
 std::string InvalidTask(int iSec, int iTask);
 std::string NoCaseResults(int iCase);

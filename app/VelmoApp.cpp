@@ -11,6 +11,7 @@
 #include "app/PreSolutionChecks.h"
 #include "app/model_indices.h"
 #include "legacy/LegacyFileReader.h"
+#include "materials/MaterialCurveImporter.h"
 #include "model/oxutil/JSONUtility.h"
 #include "model/oxutil/json.h"
 #include "model/oxutil/text.h"
@@ -128,16 +129,16 @@ void VelmoApp::setGrade(const JsonValue& json) { document_.SetGrade(json, false)
 
 void VelmoApp::resetGrade(MatType type, int grade) { document_.ResetGrade(type, grade); }
 
-bool VelmoApp::setExplicitCurve(MatType, int, LoadState, LoadSign, std::string&,
-                                std::string& message) {
-  message = AppMessages::kNoExplicitCurves;
-  return false;
+bool VelmoApp::setExplicitCurve(MatType type, int grade, LoadState state, LoadSign sign,
+                                std::string& text, std::string& message) {
+  return MaterialCurveImporter(document_, type, grade, state, sign, message)
+      .ImportPointsFromText(text);
 }
 
-bool VelmoApp::importExplicitCurve(MatType, int, LoadState, LoadSign, const std::filesystem::path&,
-                                   std::string& message) {
-  message = AppMessages::kNoExplicitCurves;
-  return false;
+bool VelmoApp::importExplicitCurve(MatType type, int grade, LoadState state, LoadSign sign,
+                                   const std::filesystem::path& path, std::string& message) {
+  return MaterialCurveImporter(document_, type, grade, state, sign, message)
+      .ImportPointsFromFile(path);
 }
 
 bool VelmoApp::isValidSectionIndex(int iSec) const { return HasSection(document_, iSec); }

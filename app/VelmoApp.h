@@ -56,8 +56,9 @@ class VelmoApp {
   void setCodes(const Util::JsonValue& json);
   void setGrade(const Util::JsonValue& json);
   void resetGrade(MatType type, int grade);
-  /// Explicit curves are not imported in this version.
-  /// @return false, with a message; nothing changes
+  /// Makes a curve given as points the explicit curve of a grade; MaterialCurveImporter.h has the
+  /// form of the text. Points are in the document's units, compression positive.
+  /// @return false, with a message, when the curve is not taken; then nothing changes
   bool setExplicitCurve(MatType type, int grade, LoadState state, LoadSign sign, std::string& text,
                         std::string& message);
   bool importExplicitCurve(MatType type, int grade, LoadState state, LoadSign sign,

@@ -127,20 +127,5 @@ TEST(VelmoApp, UnitsThatAreMissingOrUnknownTakeTheirDefault) {
   }
 }
 
-TEST(VelmoApp, ExplicitCurvesAreRefusedAndChangeNothing) {
-  VelmoApp app;
-  const std::wstring before = app.fileString(true);
-  std::string text = "0.001 20";
-  std::string message;
-  EXPECT_FALSE(app.setExplicitCurve(MatType::concrete, 0, LoadState::ULS, LoadSign::compression,
-                                    text, message));
-  EXPECT_EQ(message, "Explicit curves cannot be imported yet");
-  message.clear();
-  EXPECT_FALSE(app.importExplicitCurve(MatType::concrete, 0, LoadState::ULS, LoadSign::compression,
-                                       "curve.txt", message));
-  EXPECT_EQ(message, "Explicit curves cannot be imported yet");
-  EXPECT_EQ(app.fileString(true), before);
-}
-
 }  // namespace
 }  // namespace Orlix
