@@ -4,10 +4,8 @@
 #include <string>
 
 namespace Orlix::Data {
-namespace {
 
-// Index of the grade in the table of its type, where it is added unless it is there.
-int GradeFor(const Design::CMat& own, Materials& materials) {
+int AddOwnGrade(const Design::CMat& own, Materials& materials) {
   const std::wstring wanted =
       own.Name().empty() ? std::wstring(L"user-defined") : std::wstring(own.Name().View());
   std::wstring name = wanted;
@@ -20,6 +18,8 @@ int GradeFor(const Design::CMat& own, Materials& materials) {
     name = wanted + L" (" + std::to_wstring(next) + L")";
   }
 }
+
+namespace {
 
 bool CanBeMadeOf(MatType type) {
   return type == MatType::concrete || type == MatType::steel || type == MatType::FRP;
@@ -43,7 +43,7 @@ void MoveOwnGrades(std::vector<Velmo9::VelmoSection>& sections, Materials& mater
       component.SetUserDefinedGrade(std::nullopt);
       // No component is made of any other type: such a grade was never part of anything.
       if (CanBeMadeOf(own.Type())) {
-        component.SetMaterial(own.Type(), GradeFor(own, materials));
+        component.SetMaterial(own.Type(), AddOwnGrade(own, materials));
       }
     }
   }
