@@ -21,6 +21,7 @@
 #include "cli/sls_table.h"
 #include "cli/solve_json.h"
 #include "cli/solve_table.h"
+#include "cli/solve_task.h"
 #include "model/oxutil/text.h"
 
 namespace Orlix::Cli {
@@ -86,25 +87,6 @@ std::vector<Job> JobsOf(const CVelmoData& document, const Arguments& arguments) 
   return jobs;
 }
 
-// Checks and solves; false when there is nothing to show.
-bool Solved(VelmoApp& app, const Job& job) {
-  const std::string place =
-      "section " + std::to_string(job.iSec + 1) + ", task " + std::to_string(job.iTask + 1) + ": ";
-  std::vector<std::string> messages;
-  if (!app.preSolutionChecksPassed(messages, job.iSec, job.iTask)) {
-    for (const std::string& message : messages) std::cerr << place << message << '\n';
-    return false;
-  }
-  VelmoSection& section = app.pData()->getSection(job.iSec);
-  app.SolveTask(section, job.iTask);
-  const AnalysisTask& task = section.Task(job.iTask);
-  if ((task.ComputesULS() || task.ComputesSLS()) && task.NumCases() > 0 &&
-      !task.IsCaseAnalysed(0)) {
-    throw CommandError(place + "passed all checks, yet could not be solved");
-  }
-  return true;
-}
-
 void PrintTitle(const CVelmoData& document, const Job& job, const char* limitState,
                 std::ostream& out) {
   const VelmoSection& section = document.Section(job.iSec);
@@ -168,7 +150,7 @@ Outcome SolveTo(VelmoApp& app, const Arguments& arguments, std::ostream& out) {
   Outcome outcome;
   if (isArray) out << '[';
   for (const Job& job : jobs) {
-    if (!Solved(app, job)) {
+    if (!CheckAndSolve(app, job.iSec, job.iTask)) {
       outcome.exitCode = kProblems;
       continue;
     }

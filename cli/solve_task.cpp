@@ -1,0 +1,29 @@
+#include "cli/solve_task.h"
+
+#include <iostream>
+#include <string>
+#include <vector>
+
+#include "cli/commands.h"
+
+namespace Orlix::Cli {
+
+bool CheckAndSolve(VelmoApp& app, int iSec, int iTask) {
+  const std::string place =
+      "section " + std::to_string(iSec + 1) + ", task " + std::to_string(iTask + 1) + ": ";
+  std::vector<std::string> messages;
+  if (!app.preSolutionChecksPassed(messages, iSec, iTask)) {
+    for (const std::string& message : messages) std::cerr << place << message << '\n';
+    return false;
+  }
+  Data::Velmo9::VelmoSection& section = app.pData()->getSection(iSec);
+  app.SolveTask(section, iTask);
+  const Data::Velmo9::AnalysisTask& task = section.Task(iTask);
+  if ((task.ComputesULS() || task.ComputesSLS()) && task.NumCases() > 0 &&
+      !task.IsCaseAnalysed(0)) {
+    throw CommandError(place + "passed all checks, yet could not be solved");
+  }
+  return true;
+}
+
+}  // namespace Orlix::Cli

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "app/VelmoApp.h"
+
+namespace Orlix::Cli {
+
+/// Checks a task and solves it; its results stay in the document.
+/// @return false when checks fail: standard error says which
+/// @throws CommandError when the task passes all checks and yet has no results.
+bool CheckAndSolve(VelmoApp& app, int iSec, int iTask);
+
+}  // namespace Orlix::Cli
