@@ -4,6 +4,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "model/oxnumeric/polygon_validity.h"
 #include "model/oxutil/text.h"
 #include "model/oxutil/uuid.h"
 #include "model/vldata/document/grade_migration.h"
@@ -105,6 +106,26 @@ bool CVelmoData::ShouldCalculateCracked(const VelmoSection& section, int iTask) 
                           static_cast<int>(Design::CurveKind::bs8110Tension)) ||
          HasMaterialModel(section, iTask, LoadState::SLS,
                           static_cast<int>(Design::CurveKind::interpolated));
+}
+
+bool CVelmoData::IsComponentOverlappedInStages(int iSec, int iTask, int iReference) const {
+  const VelmoSection& section = Section(iSec);
+  const Velmo9::AnalysisTask& task = section.Task(iTask);
+  const Velmo9::AnalysisTask& reference = section.Task(iReference);
+  std::vector<SectionPolygon> earlier;
+  std::vector<SectionPolygon> added;
+  for (int i = 0; i < static_cast<int>(section.Components().size()); ++i) {
+    const CSecGeom& geometry = section.Components()[static_cast<std::size_t>(i)].Geometry();
+    const bool isEarlier = reference.IncludesComponent(i);
+    if (!geometry.hasValidPolygons() || !(isEarlier || task.IncludesComponent(i))) continue;
+    std::vector<SectionPolygon>& list = isEarlier ? earlier : added;
+    for (SectionPolygon& polygon : geometry.Polygons(0.0)) list.push_back(std::move(polygon));
+  }
+  return std::any_of(added.begin(), added.end(), [&](const SectionPolygon& a) {
+    return std::any_of(earlier.begin(), earlier.end(), [&](const SectionPolygon& b) {
+      return Numeric::InteriorsOverlap({a.outline, a.holes}, {b.outline, b.holes});
+    });
+  });
 }
 
 void CVelmoData::ClearTaskCasesFromAnalysisQueue(int iSec, int iTask, bool andLaterTasks) {

@@ -142,6 +142,10 @@ class CVelmoData : public CModelData {
                         int model) const;
   /// Whether cracked serviceability results apply to a task: model 20 or 22.
   bool ShouldCalculateCracked(const Velmo9::VelmoSection& section, int iTask) const;
+  /// Whether a component that a task includes and its reference task does not overlaps one that the
+  /// reference task includes. Outlines that touch do not overlap, nor do those that are not valid.
+  /// @throws std::out_of_range for no such section or task.
+  bool IsComponentOverlappedInStages(int iSec, int iTask, int iReference) const;
 
  private:
   void ChangeCode(const Design::ConcreteCode& code, ProblemList& problems);
