@@ -27,5 +27,6 @@ void AddNewCommand(CLI::App& program, int& exitCode);
 void AddShowCommand(CLI::App& program, int& exitCode);
 void AddValidateCommand(CLI::App& program, int& exitCode);
 void AddSolveCommand(CLI::App& program, int& exitCode);
+void AddDxfCommand(CLI::App& program, int& exitCode);
 
 }  // namespace Orlix::Cli

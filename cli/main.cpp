@@ -25,6 +25,7 @@ int Run(int argc, char** argv) {
   Orlix::Cli::AddShowCommand(program, exitCode);
   Orlix::Cli::AddValidateCommand(program, exitCode);
   Orlix::Cli::AddSolveCommand(program, exitCode);
+  Orlix::Cli::AddDxfCommand(program, exitCode);
   try {
     program.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
