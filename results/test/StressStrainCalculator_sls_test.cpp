@@ -58,8 +58,9 @@ class SlsStressStrainTest : public testing::Test {
         {{CBar({0.1, -0.25}, 0.02, kBarArea, rebar, {PreloadKind::strain, 0.0004})}});
     document.AddSection(geometry).AddTask();
     for (int i = 0; i < 2; ++i) {
-      uncracked[i] = {LinearCurve(30e9), Deformation({0.0001, 0.0, 0.0}), true, nullptr};
-      cracked[i] = {LinearCurve(10e9), Deformation({0.0003, 0.0, 0.0}), true, nullptr};
+      const double lockedIn = i == 0 ? 0.0001 : 0.0;
+      uncracked[i] = {LinearCurve(30e9), Deformation({lockedIn, 0.0, 0.0}), true, nullptr};
+      cracked[i] = {LinearCurve(10e9), Deformation({3.0 * lockedIn, 0.0, 0.0}), true, nullptr};
     }
   }
 

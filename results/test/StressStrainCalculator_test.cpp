@@ -115,9 +115,9 @@ TEST_F(StressStrainCalculatorTest, MatchesHandCalculation) {
   EXPECT_NEAR(record.stressStrainSummary.Rebar().maxStress, -120e6, kStressError);
 }
 
-TEST_F(StressStrainCalculatorTest, LockedInStrainNeedsAnEntryAndForBarsAClearFlag) {
+TEST_F(StressStrainCalculatorTest, LockedInStrainNeedsAPreloadAndForBarsAClearFlag) {
   const struct {
-    bool entry;
+    bool isPreloaded;
     bool barsExcluded;
     double point;
     double bar;
@@ -126,11 +126,10 @@ TEST_F(StressStrainCalculatorTest, LockedInStrainNeedsAnEntryAndForBarsAClearFla
     AnalysisTask withPreload;
     Data::Velmo9::PreloadReference from;
     if (c.barsExcluded) from.barsAddedLater = {0};
-    if (c.entry) withPreload.SetPreloadFrom(from);
+    if (c.isPreloaded) withPreload.SetPreloadFrom(from);
     *task = withPreload;
     const CaseULSDetails record = Fill(Result({}, {0.0002, 0.0, 0.0}));
     EXPECT_DOUBLE_EQ(record.pointResults.at(0)[0].strain, c.point);
-    EXPECT_DOUBLE_EQ(record.pointResults.at(1)[0].strain, 0.0);  // entries are per component
     EXPECT_DOUBLE_EQ(record.barResults.at(0)[0].strain, c.bar);
   }
 }
