@@ -12,6 +12,11 @@ AreaMoments& AreaMoments::operator+=(const AreaMoments& b) {
   return *this;
 }
 
+AreaMoments PointMoments(double area, Vec2<double> point) {
+  const auto [y, z] = point;
+  return {area, area * y, area * z, area * y * y, area * z * z, area * y * z};
+}
+
 AreaMoments Shifted(const AreaMoments& m, Vec2<double> shift) {
   const auto [y, z] = shift;
   return {m.area,

@@ -32,6 +32,9 @@ struct AreaMoments {
 /// Source: S. F. Bockman, Amer. Math. Monthly 96 (1989), 131–132.
 AreaMoments MomentsOf(std::span<const Vec2<double>> outline);
 
+/// Moments of an area lumped in a point; negative areas take away.
+AreaMoments PointMoments(double area, Vec2<double> point);
+
 /// Moments of the same region about another origin.
 /// @param shift  (y, z) [m] by which the region moves: minus the new origin.
 AreaMoments Shifted(const AreaMoments& m, Vec2<double> shift);

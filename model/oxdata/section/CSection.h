@@ -24,8 +24,9 @@ class CSection : public BaseEntity {
   const std::vector<CSecComp>& Components() const { return components_; }
   std::vector<CSecComp>& Components() { return components_; }
 
-  /// Area of the bars over the area of the concrete outlines, holes taken out, in per cent;
-  /// 0 without concrete.
+  /// Area of the bars over the area of the concrete outlines, holes and what later components cover
+  /// taken out, in per cent; 0 without concrete. Outlines that are not valid do not count.
+  /// @throws std::runtime_error when the overlay fails.
   double RebarPercentage() const;
 
   friend bool operator==(const CSection& a, const CSection& b) {

@@ -3,7 +3,30 @@
 #include <algorithm>
 #include <stdexcept>
 
+#include "model/oxdata/section/section_properties.h"
+#include "model/oxutil/json.h"
+#include "model/vldata/json/json_values.h"
+
 namespace Orlix::Data::Velmo9 {
+
+namespace {
+
+Util::JsonValue PropertiesJson(const Numeric::CentroidalProperties& properties,
+                               Util::JsonAllocator& allocator) {
+  Util::JsonValue json(rapidjson::kObjectType);
+  AddNumber(json, "area", properties.area, allocator);
+  AddNumber(json, "centroidY", properties.centroid.x, allocator);
+  AddNumber(json, "centroidZ", properties.centroid.y, allocator);
+  AddNumber(json, "Iyy", properties.iyy, allocator);
+  AddNumber(json, "Izz", properties.izz, allocator);
+  AddNumber(json, "Iyz", properties.iyz, allocator);
+  AddNumber(json, "Imax", properties.major, allocator);
+  AddNumber(json, "Imin", properties.minor, allocator);
+  AddNumber(json, "angle", properties.angle, allocator);
+  return json;
+}
+
+}  // namespace
 
 AnalysisTask& VelmoSection::Task(int iTask) {
   if (iTask < 0) throw std::out_of_range("no such task");
@@ -44,6 +67,18 @@ bool VelmoSection::hasConcreteComponent(int iTask) const {
   return std::any_of(Components().begin(), Components().end(), [&](const CSecComp& component) {
     return task.IncludesComponent(index++) && component.ConcreteExist();
   });
+}
+
+Util::JsonValue VelmoSection::propertiesToJson(Util::JsonAllocator& allocator) const {
+  const SectionProperties properties = SectionPropertiesOf(*this);
+  Util::JsonValue json(rapidjson::kObjectType);
+  Util::JsonValue part = PropertiesJson(properties.gross, allocator);
+  AddMember(json, "gross", part, allocator);
+  part = PropertiesJson(properties.net, allocator);
+  AddMember(json, "net", part, allocator);
+  AddNumber(json, "rebarArea", properties.rebarArea, allocator);
+  AddNumber(json, "rebarPercentage", properties.rebarPercentage, allocator);
+  return json;
 }
 
 bool VelmoSection::IsCommonActiveComponentFound(int iTask, int iReference) const {

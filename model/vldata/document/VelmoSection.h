@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "model/oxdata/section/CSection.h"
+#include "model/oxutil/json_fwd.h"
 #include "model/vldata/document/AnalysisTask.h"
 
 namespace Orlix::Data::Velmo9 {
@@ -35,6 +36,10 @@ class VelmoSection : public CSection {
   /// Whether both tasks have the same load term and creep coefficient and, when the term is
   /// intermediate, the same share of long-term load.
   bool DoesPreloadedTaskHasSameCreep(int iTask, int iReference) const;
+
+  /// The properties of the section's geometry: gross and net area, bars. docs/facade-json.md has
+  /// the form. @throws as `SectionPropertiesOf`.
+  Util::JsonValue propertiesToJson(Util::JsonAllocator& allocator) const;
 
  private:
   std::vector<AnalysisTask> tasks_;
