@@ -123,22 +123,35 @@ void VelmoApp::setUnits(const JsonValue& json) {
   document_.SetUnits(units);
 }
 
-void VelmoApp::setCodes(const JsonValue& json) { document_.SetCodes(json); }
+void VelmoApp::setCodes(const JsonValue& json) {
+  document_.SetCodes(json);
+  MaterialsChanged();
+}
 
-void VelmoApp::setGrade(const JsonValue& json) { document_.SetGrade(json, false); }
+void VelmoApp::setGrade(const JsonValue& json) {
+  document_.SetGrade(json, false);
+  MaterialsChanged();
+}
 
-void VelmoApp::resetGrade(MatType type, int grade) { document_.ResetGrade(type, grade); }
+void VelmoApp::resetGrade(MatType type, int grade) {
+  document_.ResetGrade(type, grade);
+  MaterialsChanged();
+}
 
 bool VelmoApp::setExplicitCurve(MatType type, int grade, LoadState state, LoadSign sign,
                                 std::string& text, std::string& message) {
-  return MaterialCurveImporter(document_, type, grade, state, sign, message)
-      .ImportPointsFromText(text);
+  const bool isTaken = MaterialCurveImporter(document_, type, grade, state, sign, message)
+                           .ImportPointsFromText(text);
+  MaterialsChanged();
+  return isTaken;
 }
 
 bool VelmoApp::importExplicitCurve(MatType type, int grade, LoadState state, LoadSign sign,
                                    const std::filesystem::path& path, std::string& message) {
-  return MaterialCurveImporter(document_, type, grade, state, sign, message)
-      .ImportPointsFromFile(path);
+  const bool isTaken = MaterialCurveImporter(document_, type, grade, state, sign, message)
+                           .ImportPointsFromFile(path);
+  MaterialsChanged();
+  return isTaken;
 }
 
 bool VelmoApp::isValidSectionIndex(int iSec) const { return HasSection(document_, iSec); }

@@ -5,6 +5,7 @@
 #include <utility>
 #include <vector>
 
+#include "model/oxnumeric/Vec.h"
 #include "model/oxutil/Enumerations.h"
 #include "model/oxutil/OrlixString.h"
 #include "model/oxutil/json_fwd.h"
@@ -64,6 +65,44 @@ class VelmoApp {
   bool importExplicitCurve(MatType type, int grade, LoadState state, LoadSign sign,
                            const std::filesystem::path& path, std::string& message);
 
+  // Sections and tasks. An edit drops the results that it makes wrong and puts their cases on the
+  // queue of the document; while it lasts nothing is taken off. Where nothing else is said, a
+  // section that is not there is std::out_of_range.
+
+  /// Appends a section of that geometry, without tasks.
+  Data::Velmo9::VelmoSection& AddSection(Data::CSection section);
+  /// Replaces a section by one that stands in JSON as in a document, and generates its bars. Tasks
+  /// that stay what they were keep their results. Something wrong changes nothing and stands in the
+  /// document's read problems.
+  void setSection(int iSec, const Util::JsonValue& json);
+  /// Builds a section from JSON, with its bars, without storing it. What is wrong takes its default
+  /// and stands in the document's read problems.
+  Data::Velmo9::VelmoSection section(const Util::JsonValue& json);
+  void deleteSection(int iSec);
+  /// The properties of a section as JSON, from its geometry alone.
+  Util::JsonValue sectionProperties(int iSec, Util::JsonAllocator& allocator) const;
+  /// Area of the bars over that of the concrete, in per cent.
+  double rebarPercentage(int iSec) const;
+
+  /// Appends a copy of a task, or a default task.
+  void addTask(int iSec, const Data::Velmo9::AnalysisTask& task);
+  void addTask(int iSec);
+  /// Replaces a task by a copy; without such a task nothing happens.
+  void updateTask(int iSec, int iTask, const Data::Velmo9::AnalysisTask& task);
+  /// Removes a task; without such a task nothing happens. Preload references follow their task to
+  /// its new number; those to the removed task become 0, which the checks before a solution name.
+  void deleteTask(int iSec, int iTask);
+  /// Whether a later task of the section takes its component preload from this one.
+  bool IsTaskReferenced(int iSec, int iTask) const;
+  /// Whether two tasks say the same in a document.
+  /// @param withNames  names of tasks and cases count, too
+  static bool AreTasksEqual(const Data::Velmo9::AnalysisTask& a,
+                            const Data::Velmo9::AnalysisTask& b, bool withNames);
+  /// Sets the input of a case, (N, Myy, Mzz) or (eps0, kyy, kzz) by the task's action. Sections, of
+  /// one default task each, and empty cases are appended until there is such a case.
+  /// @throws std::out_of_range for a task that is not there; sections appended before stay.
+  void setCaseInput(int iSec, int iTask, int iCase, Vec3<double> input);
+
   // Indices.
 
   bool isValidSectionIndex(int iSec) const;
@@ -89,8 +128,9 @@ class VelmoApp {
 
   // Solving and results.
 
-  /// Solves all cases of a task of a section of the document or a copy of one.
-  void SolveTask(Data::Velmo9::VelmoSection& section, int iTask) const;
+  /// Solves all cases of a task of a section of the document, which takes them off the queue, or of
+  /// a copy of one.
+  void SolveTask(Data::Velmo9::VelmoSection& section, int iTask);
   /// Appends the records of cases in the order of `cases`; an index that is no case has the default
   /// record, as has a limit state that the task does not compute; a case that is not solved, or was
   /// before the model changed, counts as failed.
@@ -122,6 +162,9 @@ class VelmoApp {
 
  private:
   void OpenJson(Util::JsonDocument& json, const std::filesystem::path& path);
+  void SectionChanged(int iSec);
+  void SectionSolved(int iSec);
+  void MaterialsChanged();
   bool TaskExists(int iSec, int iTask, std::string& message) const;
 
   Data::CVelmoData document_;

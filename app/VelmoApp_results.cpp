@@ -56,8 +56,11 @@ bool VelmoApp::TaskExists(int iSec, int iTask, std::string& message) const {
   return false;
 }
 
-void VelmoApp::SolveTask(VelmoSection& section, int iTask) const {
+void VelmoApp::SolveTask(VelmoSection& section, int iTask) {
   VlSol::Solver::SolveTask(document_, section, iTask);
+  for (int i = 0; i < document_.NumSections(); ++i) {
+    if (&document_.getSection(i) == &section) SectionSolved(i);
+  }
 }
 
 bool VelmoApp::CompileCaseResults(int iSec, int iTask, const std::vector<int>& cases,
@@ -107,6 +110,7 @@ bool VelmoApp::GetCaseResults(int iSec, int iTask, const std::vector<int>& cases
     VelmoSection copy = section;
     SolveTask(copy, iTask);
     task.SetResults(copy.Task(iTask).Results());
+    SectionSolved(iSec);
   }
   if (const auto unsolved = FirstUnsolved(task, cases); unsolved != cases.end()) {
     message = AppMessages::NoCaseResults(*unsolved);
