@@ -1,6 +1,5 @@
 #include "model/oxdata/file_access/CDataFile.h"
 
-
 #include "model/oxutil/text.h"
 #include "model/oxutil/utf.h"
 

@@ -37,7 +37,8 @@ bool ReadDigits(std::string_view text, int& number) {
 
 bool ReadVersion(std::string_view text, OrlixHeader& header) {
   const std::size_t point = text.find('.');
-  return point != std::string_view::npos && ReadDigits(text.substr(0, point), header.majorVersion) &&
+  return point != std::string_view::npos &&
+         ReadDigits(text.substr(0, point), header.majorVersion) &&
          ReadDigits(text.substr(point + 1), header.minorVersion);
 }
 

@@ -22,8 +22,8 @@ struct OrlixHeader {
   bool isUtf8{};  ///< otherwise Latin-1
 };
 
-/// Reads the first line of a file: `ORLIX VELMO 1.0 UTF-8`, fields between blanks. A file of the DOS
-/// era begins with the bytes "ORLIX" and 0x1A. docs/older-format.md has the format.
+/// Reads the first line of a file: `ORLIX VELMO 1.0 UTF-8`, fields between blanks. A file of the
+/// DOS era begins with the bytes "ORLIX" and 0x1A. docs/older-format.md has the format.
 /// @param file  before its first line; afterwards before its second
 OrlixHeader ReadOrlixHeader(CFile& file);
 

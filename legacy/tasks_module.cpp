@@ -1,0 +1,189 @@
+#include "legacy/tasks_module.h"
+
+#include <array>
+#include <cmath>
+#include <cstddef>
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "legacy/limits.h"
+
+namespace Orlix::Legacy {
+namespace {
+
+using Data::Velmo9::AnalysisTask;
+using Data::Velmo9::CreepSettings;
+using Data::Velmo9::LoadTerm;
+using Data::Velmo9::VelmoSection;
+
+constexpr std::array<std::pair<std::string_view, std::pair<bool, bool>>, 4> kLimitStates = {{
+    {"ULS", {true, false}},
+    {"SLS", {false, true}},
+    {"BOTH", {true, true}},
+    {"NONE", {false, false}},
+}};
+
+constexpr std::array<std::pair<std::string_view, LoadAction>, 2> kActions = {{
+    {"LOAD", LoadAction::load},
+    {"DEFORMATION", LoadAction::deformation},
+}};
+
+constexpr std::array<std::pair<std::string_view, LoadTerm>, 3> kTerms = {{
+    {"SHORT", LoadTerm::shortTerm},
+    {"LONG", LoadTerm::longTerm},
+    {"INTERMEDIATE", LoadTerm::intermediate},
+}};
+
+// Reads tasks, each from its record TASK to the next.
+class TasksReader {
+ public:
+  explicit TasksReader(Context& context) : context_(context), record_(context.Records("TASKS")) {}
+
+  void Read() {
+    while (record_.Next()) {
+      if (record_.Keyword() == "TASK") {
+        Finish();
+        Begin();
+      } else if (!isOpen_) {
+        record_.Problem("stands before the first TASK that can be read");
+      } else {
+        ReadRecord();
+      }
+    }
+    Finish();
+  }
+
+ private:
+  void Begin() {
+    task_ = {};
+    if (context_.MayLackSections()) {
+      record_.Text("number of the section");
+    } else {
+      section_ = record_.Index("number of the section", context_.document.NumSections());
+    }
+    task_.SetName(record_.Text("name of the task"));
+    if (const auto states = record_.Word<std::pair<bool, bool>>("limit states", kLimitStates)) {
+      task_.SetLimitStates(states->first, states->second);
+    }
+    if (const auto action = record_.Word<LoadAction>("kind of the cases", kActions)) {
+      task_.SetAction(*action);
+    }
+    isOpen_ = true;
+    if (++numTasks_ > kMaxTasks) {
+      record_.Problem("is one task too many: at most " + std::to_string(kMaxTasks));
+      isOpen_ = false;
+    }
+  }
+
+  void ReadRecord() {
+    const std::string_view keyword = record_.Keyword();
+    if (keyword == "CASE") {
+      ReadCase();
+    } else if (keyword == "COMPONENTS") {
+      task_.SetIncludedComponents(ReadComponents());
+    } else if (keyword == "CREEP") {
+      ReadCreep();
+    } else if (keyword == "PHI_FACTORS") {
+      ReadPhi();
+    } else if (keyword == "PRELOAD") {
+      ReadPreload();
+    } else if (keyword == "BARS_ADDED_LATER") {
+      ReadLaterBars();
+    } else {
+      record_.ReportUnknown();
+    }
+  }
+
+  void ReadCase() {
+    Data::Velmo9::TaskCase taskCase;
+    taskCase.name = record_.Text("name of the case");
+    const bool isLoad = task_.Action() == LoadAction::load;
+    taskCase.input.x = record_.Number(isLoad ? "N" : "eps");
+    taskCase.input.y = record_.Number(isLoad ? "Myy" : "kyy");
+    taskCase.input.z = record_.Number(isLoad ? "Mzz" : "kzz");
+    if (record_.IsSound()) task_.addCase(std::move(taskCase));
+  }
+
+  // The numbers of components in the fields of a record.
+  std::set<int> ReadComponents() {
+    std::set<int> components;
+    if (context_.MayLackSections()) {
+      while (record_.HasField()) record_.OptionalText();
+      return components;
+    }
+    const bool hasSection = section_ >= 0;
+    const int last = hasSection ? NumComponents() : 0;
+    while (hasSection && record_.HasField() && record_.IsSound()) {
+      const int component = record_.Index("number of a component", last);
+      if (component >= 0 && !components.insert(component).second) {
+        record_.Problem("names a component twice");
+      }
+    }
+    return components;
+  }
+
+  int NumComponents() const {
+    const VelmoSection& section = std::as_const(context_.document).Section(section_);
+    return static_cast<int>(section.Components().size());
+  }
+
+  void ReadCreep() {
+    CreepSettings creep;
+    creep.term = record_.Word<LoadTerm>("load term", kTerms).value_or(creep.term);
+    creep.creepCoefficient = record_.Number("creep coefficient", Range::notNegative);
+    if (creep.term == LoadTerm::intermediate) {
+      creep.longTermShare = record_.Number("long-term share", Range::zeroToOne);
+    }
+    if (record_.IsSound()) task_.SetCreep(creep);
+  }
+
+  void ReadPhi() {
+    Data::Velmo9::CustomPhi phi;
+    phi.compressionStrain = record_.Number("strain in compression");
+    phi.tensionStrain = record_.Number("strain in tension");
+    phi.phiCompression = record_.Number("phi in compression");
+    phi.phiTension = record_.Number("phi in tension");
+    if (record_.IsSound()) task_.SetPhiFactors(phi);
+  }
+
+  // Whether there are such a task and case is for the checks before a solution to say.
+  void ReadPreload() {
+    constexpr int kLast = 1000000000;
+    Data::Velmo9::PreloadReference from;
+    from.task = record_.Index("number of the task", kLast) + 1;
+    from.iCase = record_.Index("number of the case", kLast) + 1;
+    if (record_.IsSound()) task_.SetPreloadFrom(from);
+  }
+
+  void ReadLaterBars() {
+    if (!task_.PreloadFrom()) {
+      record_.Problem("stands before the PRELOAD of its task");
+      return;
+    }
+    Data::Velmo9::PreloadReference from = *task_.PreloadFrom();
+    from.barsAddedLater = ReadComponents();
+    task_.SetPreloadFrom(from);
+  }
+
+  void Finish() {
+    if (isOpen_ && section_ >= 0) context_.document.getSection(section_).AddTask(task_);
+    isOpen_ = false;
+    section_ = -1;
+  }
+
+  Context& context_;
+  RecordReader record_;
+  bool isOpen_{};
+  int section_{-1};
+  AnalysisTask task_;
+  std::size_t numTasks_{};
+};
+
+}  // namespace
+
+void ReadTasks(Context& context) { TasksReader(context).Read(); }
+
+}  // namespace Orlix::Legacy
