@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -16,6 +17,8 @@
 #include "model/vldata/records/OutputOptions.h"
 
 namespace Orlix {
+
+struct ClipboardCaseData;
 
 /// The one object a front end holds: it owns a document and offers every command on it. Indices of
 /// sections, tasks and cases count from zero, a negative one is out of range; numbers in messages
@@ -167,7 +170,29 @@ class VelmoApp {
   void MaterialsChanged();
   bool TaskExists(int iSec, int iTask, std::string& message) const;
 
+  // Clipboard: the text goes to the desktop's own program, see Orlix::CopyToClipboard; false when
+  // none takes it.
+
+  /// Copies a JSON value as text, four spaces a level.
+  /// @throws std::length_error when `value` is nested deeper than JSON texts may be
+  static bool CopyToClipboard(const Util::JsonValue& value);
+  /// Copies the document as `Save` writes it.
+  bool CopyAll() const;
+  /// Formats a range of a task's case table for a spreadsheet; docs/clipboard.md lists the columns.
+  /// Cases that are not analysed have their inputs only. Nothing is put on the clipboard.
+  /// @param request  range and options, see docs/facade-json.md
+  /// @return false when the request is not of that form or there is no such task; then `text` stays
+  bool CopyTaskData(const Util::JsonValue& request, std::string& text) const;
+
+  // Other answers.
+
+
   Data::CVelmoData document_;
 };
 
 }  // namespace Orlix
+  /// The inputs of a case and, when it is analysed, what `options` want of its results, of the
+  /// serviceability states the meaningful ones; nothing when there is no such case.
+  std::optional<ClipboardCaseData> BuildClipboardCaseData(
+      const Data::Velmo9::AnalysisTask& task, int iSec, int iTask, int iCase,
+      const Data::Velmo9::OutputOptions& options) const;

@@ -120,10 +120,24 @@ void CheckOptions(const Util::JsonDocument& json) {
   EXPECT_FALSE(options.sls.loads || options.sls.crackWidth);
 }
 
+void CheckTaskData(const Util::JsonDocument& json) {
+  VelmoApp app;
+  AnalysisTask& task = AddColumn(*app.pData()).Task(0);
+  for (const double force : {-1e6, -2e6, -3e6}) task.addCase({"", {force, 0, 0}});
+  app.SolveTask(app.pData()->getSection(0), 0);
+  std::string text;
+  EXPECT_TRUE(app.CopyTaskData(json, text));
+  EXPECT_EQ(text,
+            "Case\tN\tMyy\tMzz\tULS failure N\tULS failure Myy\tULS failure Mzz\n"
+            "\tkN\tkNm\tkNm\tkN\tkNm\tkNm\n"
+            "1\t-1000\t0\t0\t-3477.52\t0\t0\n"
+            "2\t-2000\t0\t0\t-3477.52\t0\t0\n");
+}
+
 TEST(FacadeJson, EveryInputOfThePageDoesWhatItSays) {
   const std::map<std::string, void (*)(const Util::JsonDocument&)> checks = {
       {"setTitles", CheckTitles}, {"setUnits", CheckUnits},        {"setCodes", CheckCodes},
-      {"setGrade", CheckGrade},   {"OutputOptions", CheckOptions},
+      {"setGrade", CheckGrade},   {"OutputOptions", CheckOptions}, {"CopyTaskData", CheckTaskData},
   };
   std::size_t inputs = 0;
   for (const auto& [name, text] : Examples()) {
