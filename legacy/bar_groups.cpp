@@ -181,7 +181,10 @@ std::wstring BarGroups::Place() {
     const int number = record_.Index("number", kMostNumber) + 1;
     return (keyword == "GRP_EDGE" ? L" edge " : L" hole ") + std::to_wstring(number);
   }
-  if (keyword == "GRP_OUTLINE") return {};
+  if (keyword == "GRP_OUTLINE") {
+    const auto from = record_.NumberAttribute("from");
+    return from ? L" perimeter from " + Angle(*from) : std::wstring();
+  }
   const bool isArc = keyword == "GRP_ARC";
   std::wstring place = (isArc ? L" arc " : L" circle ") + Length(record_.Number("radius"));
   std::wstring angles;
@@ -198,8 +201,14 @@ std::wstring BarGroups::Place() {
 void BarGroups::ReadDescription(Data::Reinforcement& reinforcement) {
   const std::wstring place = Place();
   const std::wstring bars = Bars();
+  const std::string_view keyword = record_.Keyword();
+  const bool isOnFace = keyword == "GRP_SIDE" || keyword == "GRP_EDGE" || keyword == "GRP_HOLE" ||
+                        keyword == "GRP_OUTLINE";
+  if (isOnFace && !record_.HasAttribute("cover") && record_.IsSound())
+    record_.Problem("lacks cover");
   std::wstring polygon;
-  if (const auto number = record_.NumberAttribute("polygon", Range::positive)) {
+  if (const auto number =
+          isOnFace ? record_.NumberAttribute("polygon", Range::positive) : std::nullopt) {
     polygon = L" polygon " + Wide(Digits(*number));
   }
   Data::BarDescription description;

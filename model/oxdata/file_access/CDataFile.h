@@ -12,7 +12,7 @@ namespace Orlix::FileIO {
 class CDataFile {
  public:
   /// Bytes that a file may have; what is larger is not read.
-  static constexpr std::size_t kMaxBytes = std::size_t{256} << 20U;
+  static constexpr std::size_t kMaxBytes = std::size_t{128} << 20U;
 
   /// @param file    behind its header; outlives this object
   /// @param type    of the file; only `FileType::velmo` has lines
