@@ -1,6 +1,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cstddef>
+#include <filesystem>
 #include <iostream>
 #include <limits>
 #include <map>
@@ -10,6 +11,7 @@
 
 #include "cli/commands.h"
 #include "cli/dxf_json.h"
+#include "cli/dxf_section.h"
 #include "cli/option_checks.h"
 #include "cli/printable.h"
 #include "dxf_import/DxfSectionImporter.h"
@@ -35,11 +37,13 @@ struct Arguments {
   std::string drawing;
   bool json{};
   bool all{};
+  DxfSectionArguments section;
 };
 
 constexpr const char* kExample = R"(Example:
   velmo dxf section.dxf
   velmo dxf section.dxf --json
+  velmo dxf section.dxf --into pier.json --grade C40/50
 
 The drawing is ASCII DXF: one closed LWPOLYLINE of straight segments on layer OUTER (or 0) is the
 outline; LWPOLYLINE and CIRCLE on HOLES are voids, CIRCLE on REBAR are bars, layer IGNORE is left
@@ -142,7 +146,7 @@ int ExitCodeOf(const DxfImportResult& result) {
   return result.success ? kDone : kProblems;
 }
 
-int Run(const Arguments& arguments) {
+int Run(Arguments arguments) {
   const DxfImportResult result = DxfSectionImporter::ImportFromFile(arguments.drawing);
   if (arguments.json) {
     WriteDxfJson(result, std::cout);
@@ -150,6 +154,12 @@ int Run(const Arguments& arguments) {
     PrintDiagnostics(result.diagnostics,
                      arguments.all ? std::numeric_limits<std::size_t>::max() : kLines);
     if (result.success) PrintSection(result, std::cout);
+  }
+  if (result.success && !arguments.section.document.empty()) {
+    if (arguments.section.name.empty()) {
+      arguments.section.name = std::filesystem::path(arguments.drawing).stem().string();
+    }
+    return AddDrawingToDocument(arguments.section, result.geometry, std::cout);
   }
   return ExitCodeOf(result);
 }
@@ -165,6 +175,7 @@ void AddDxfCommand(CLI::App& program, int& exitCode) {
   auto* json = command->add_flag("--json", arguments->json, "The whole record of the import, JSON");
   command->add_flag("--all", arguments->all, "Show every message, not the first 40 alone")
       ->excludes(json);
+  AddDxfSectionOptions(*command, arguments->section)->excludes(json);
   command->callback([arguments, &exitCode] { exitCode = Run(*arguments); });
 }
 

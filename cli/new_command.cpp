@@ -1,19 +1,16 @@
-#include <rapidjson/document.h>
-
 #include <CLI/CLI.hpp>
 #include <filesystem>
-#include <initializer_list>
 #include <iostream>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "app/VelmoApp.h"
+#include "cli/choices.h"
 #include "cli/commands.h"
 #include "cli/documents.h"
 #include "cli/option_checks.h"
 #include "cli/templates.h"
-#include "model/oxdata/codes/CConcCode.h"
 #include "model/oxutil/text.h"
 #include "model/vldata/document/unit_keys.h"
 
@@ -37,36 +34,6 @@ constexpr const char* kExample = R"(Example:
   velmo new column.json --template rectangle --title "Column A1" --annex UK
   velmo new beam.json --template beam --units force=kip,length=ft,stress=ksi)";
 
-std::string Joined(const std::vector<std::string>& words) {
-  std::string text;
-  for (const std::string& word : words) text += (text.empty() ? "" : ", ") + word;
-  return text;
-}
-
-const Data::Design::CodeChoice& FindCode(const Arguments& arguments) {
-  std::vector<std::string> known;
-  for (const Data::Design::CodeChoice& choice : Data::Design::KnownCodes()) {
-    if ((arguments.code.empty() || choice.name == arguments.code) &&
-        (arguments.annex.empty() || choice.annex == arguments.annex)) {
-      return choice;
-    }
-    known.push_back(std::string(choice.name) +
-                    (choice.annex.empty() ? "" : " (" + std::string(choice.annex) + ")"));
-  }
-  throw CommandError((arguments.code.empty() ? "" : "code \"" + arguments.code + "\" ") +
-                     (arguments.annex.empty() ? "" : "with annex \"" + arguments.annex + "\" ") +
-                     "is not known; codes and annexes: " + Joined(known));
-}
-
-void SetCode(VelmoApp& app, const Arguments& arguments) {
-  const Data::Design::CodeChoice& choice = FindCode(arguments);
-  Util::JsonDocument json(rapidjson::kObjectType);
-  auto& allocator = json.GetAllocator();
-  json.AddMember("concrete", std::string(choice.name), allocator);
-  if (!choice.annex.empty()) json.AddMember("annex", std::string(choice.annex), allocator);
-  app.setCodes(json);
-}
-
 Dimension DimensionNamed(const std::string& name, const std::string& item) {
   std::vector<std::string> known;
   for (const auto& [key, dimension] : Data::kUnitKeys) {
@@ -89,35 +56,18 @@ Data::CUnit UnitsFrom(const std::vector<std::string>& items) {
   return units;
 }
 
-// The grade that is asked for; without a name the usual one of the code.
-int FindGrade(const VelmoApp& app, MatType type, const std::string& name,
-              std::initializer_list<const wchar_t*> usual) {
-  const Data::Materials& materials = *app.pData()->getMaterials();
-  for (const wchar_t* candidate : usual) {
-    const int grade = name.empty() ? materials.Find(type, candidate) : -1;
-    if (grade >= 0) return grade;
-  }
-  const int grade = materials.Find(type, to_wstring(name));
-  if (grade >= 0) return grade;
-  std::vector<std::string> known;
-  for (int i = 0; i < materials.NumGrades(type); ++i) {
-    known.push_back(to_string(materials.Grade(type, i).Name()));
-  }
-  throw CommandError("grade \"" + name + "\" is not known; grades: " + Joined(known));
-}
-
 int Run(const Arguments& arguments) {
   if (!arguments.force && std::filesystem::exists(std::filesystem::symlink_status(arguments.out))) {
     throw CommandError(arguments.out + ": is there already; --force replaces it");
   }
   VelmoApp app;
   app.New(cstr(arguments.title), UnitsFrom(arguments.units));
-  SetCode(app, arguments);
+  SetCode(app, FindCode(arguments.code, arguments.annex));
   if (!arguments.section.empty()) {
     AddTemplate(
         *app.pData(), arguments.section,
-        FindGrade(app, MatType::concrete, arguments.concrete, {L"C30/37", L"f'c 30 MPa"}),
-        FindGrade(app, MatType::reinforcement, arguments.reinforcement, {L"B500B", L"Grade 60"}));
+        FindGrade(app, MatType::concrete, arguments.concrete, kUsualConcretes),
+        FindGrade(app, MatType::reinforcement, arguments.reinforcement, kUsualReinforcements));
   }
   SaveDocument(app, arguments.out);
   std::cout << arguments.out << ": written";

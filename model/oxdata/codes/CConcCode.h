@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "model/oxdata/materials/CMat.h"
+#include "model/oxdata/reinforcement/CBarHelper.h"
 
 namespace Orlix::Data::Design {
 
@@ -50,7 +51,8 @@ struct CConcCodeData {
   std::vector<CMat> steels;               ///< standard grades of structural steel
   /// Strength-reduction (phi) factors instead of partial factors; nothing: partial factors.
   std::optional<StrengthReductionRule> strengthReduction;
-  bool crackWidths{};  ///< crack widths are computed
+  bool crackWidths{};                                  ///< crack widths are computed
+  Util::BarSystem barSystem{Util::BarSystem::metric};  ///< bar sizes usual where the code applies
 };
 
 /// A design code with a country's national choices; cheap to copy.

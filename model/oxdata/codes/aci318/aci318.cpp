@@ -98,6 +98,7 @@ CConcCodeData MakeData(CCountry::Code country) {
   data.reinforcements = Reinforcements();
   data.steels = Steels();
   data.strengthReduction = Rule();
+  data.barSystem = Util::BarSystem::us;
   return data;
 }
 

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <initializer_list>
+#include <string>
+#include <vector>
+
+#include "app/VelmoApp.h"
+#include "model/oxdata/codes/CConcCode.h"
+#include "model/oxutil/Enumerations.h"
+
+namespace Orlix::Cli {
+
+/// "one, two, three".
+std::string Joined(const std::vector<std::string>& words);
+
+/// The first code with that name and annex; an empty text fits all.
+/// @throws CommandError that lists the codes when none fits.
+const Data::Design::CodeChoice& FindCode(const std::string& code, const std::string& annex);
+
+/// Gives the document a code.
+void SetCode(VelmoApp& app, const Data::Design::CodeChoice& choice);
+
+/// Index of the grade with a name; without a name the first of the usual ones that is there.
+/// @throws CommandError that lists the grades when there is none.
+int FindGrade(const VelmoApp& app, MatType type, const std::string& name,
+              std::initializer_list<const wchar_t*> usual);
+
+/// Grades that a section takes when nothing else is asked for.
+inline constexpr std::initializer_list<const wchar_t*> kUsualConcretes = {L"C30/37", L"f'c 30 MPa"};
+inline constexpr std::initializer_list<const wchar_t*> kUsualReinforcements = {L"B500B",
+                                                                               L"Grade 60"};
+
+}  // namespace Orlix::Cli
