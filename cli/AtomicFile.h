@@ -19,6 +19,9 @@ class AtomicFile {
   AtomicFile& operator=(const AtomicFile&) = delete;
 
   std::ostream& Stream() { return stream_; }
+  /// Where the file is until it is complete, for those who write it by name; empty when it is
+  /// written directly.
+  const std::filesystem::path& Temporary() const { return temporary_; }
   /// Puts the file in place. @throws CommandError when it could not be written whole.
   void Commit();
 

@@ -28,5 +28,6 @@ void AddShowCommand(CLI::App& program, int& exitCode);
 void AddValidateCommand(CLI::App& program, int& exitCode);
 void AddSolveCommand(CLI::App& program, int& exitCode);
 void AddDxfCommand(CLI::App& program, int& exitCode);
+void AddReportCommand(CLI::App& program, int& exitCode);
 
 }  // namespace Orlix::Cli

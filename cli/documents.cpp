@@ -10,6 +10,7 @@
 #include <iostream>
 #include <sstream>
 #include <string>
+#include <system_error>
 
 #include "cli/AtomicFile.h"
 #include "cli/commands.h"
@@ -98,6 +99,14 @@ void SaveDocument(VelmoApp& app, const std::filesystem::path& path) {
   AtomicFile file(path);
   file.Stream() << text;
   file.Commit();
+}
+
+void CheckIsNotDocument(const std::filesystem::path& results,
+                        const std::filesystem::path& document) {
+  std::error_code notThere;  // what is not there is no document
+  if (!std::filesystem::equivalent(results, document, notThere)) return;
+  throw CommandError(results.string() +
+                     ": is the document itself; give the results a file of their own");
 }
 
 std::string CodeText(const Data::CVelmoData& document) {

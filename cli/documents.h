@@ -25,6 +25,10 @@ std::string ProblemText(const Data::ReadProblem& problem);
 /// nothing is left behind.
 void SaveDocument(VelmoApp& app, const std::filesystem::path& path);
 
+/// @throws CommandError when results would be written over the document that they are of.
+void CheckIsNotDocument(const std::filesystem::path& results,
+                        const std::filesystem::path& document);
+
 /// The design code and, where it has one, its annex: "EN 1992-1-1:2004 (UK)".
 std::string CodeText(const Data::CVelmoData& document);
 

@@ -26,6 +26,7 @@ int Run(int argc, char** argv) {
   Orlix::Cli::AddValidateCommand(program, exitCode);
   Orlix::Cli::AddSolveCommand(program, exitCode);
   Orlix::Cli::AddDxfCommand(program, exitCode);
+  Orlix::Cli::AddReportCommand(program, exitCode);
   try {
     program.parse(argc, argv);
   } catch (const CLI::ParseError& error) {

@@ -1,14 +1,12 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cstddef>
-#include <filesystem>
 #include <iostream>
 #include <limits>
 #include <memory>
 #include <numeric>
 #include <optional>
 #include <string>
-#include <system_error>
 #include <vector>
 
 #include "cli/AtomicFile.h"
@@ -172,11 +170,7 @@ Outcome SolveTo(VelmoApp& app, const Arguments& arguments, std::ostream& out) {
 int Run(const Arguments& arguments) {
   VelmoApp app = OpenForUse(arguments.document);
   if (arguments.out.empty()) return SolveTo(app, arguments, std::cout).exitCode;
-  std::error_code notThere;  // what is not there is no document
-  if (std::filesystem::equivalent(arguments.out, arguments.document, notThere)) {
-    throw CommandError(arguments.out +
-                       ": is the document itself; give the results a file of their own");
-  }
+  CheckIsNotDocument(arguments.out, arguments.document);
   AtomicFile file(arguments.out);
   const Outcome outcome = SolveTo(app, arguments, file.Stream());
   if (outcome.any) file.Commit();
