@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <string_view>
 #include <utility>
 
 #include "model/oxdata/geometry/shape_outlines.h"
@@ -77,6 +78,21 @@ struct Extent {
   Vec2<double> low, high;
 };
 
+bool IsDigit(wchar_t c) { return c >= L'0' && c <= L'9'; }
+
+// Whether a number ends before the rest of a text, and no unit follows it.
+bool EndsNumber(std::wstring_view rest) {
+  if (rest.size() > 1 && (rest[0] == L'.' || rest[0] == L',') && IsDigit(rest[1])) return false;
+  if (!rest.empty() && IsDigit(rest[0])) return false;
+  const std::size_t next = rest.find_first_not_of(L" \t");
+  if (next == std::wstring_view::npos) return true;
+  const std::wstring_view word = rest.substr(next);
+  const bool isTimes = word[0] == L'x' || word[0] == L'X' || word[0] == L'\u00D7';
+  if (isTimes) return word.size() == 1 || word[1] == L' ' || IsDigit(word[1]);
+  return word[0] == L',' || word[0] == L';' || word[0] == L'/' || word[0] == L'+' ||
+         IsDigit(word[0]);
+}
+
 std::string OverlapProblem(const std::vector<SectionPolygon>& polygons) {
   std::vector<Extent> extents;
   extents.reserve(polygons.size());
@@ -134,6 +150,19 @@ std::vector<SectionPolygon> CSecGeom::Polygons(double tolerance) const {
   place(polygon.outline);
   for (auto& hole : polygon.holes) place(hole);
   return {std::move(polygon)};
+}
+
+std::wstring CSecGeom::DescriptionWithUnitAppended(const std::wstring& unit, bool afterEach) const {
+  const std::wstring_view text = description_.View();
+  std::wstring result;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    result.push_back(text[i]);
+    if (!IsDigit(text[i])) continue;
+    const std::wstring_view rest = text.substr(i + 1);
+    const bool ends = rest.find_first_not_of(L" \t") == std::wstring_view::npos;
+    if (ends || (afterEach && EndsNumber(rest))) result += L" " + unit;
+  }
+  return result;
 }
 
 bool CSecGeom::hasValidPolygons() const { return PolygonProblem().empty(); }

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "model/oxnumeric/Vec.h"
+#include "model/oxutil/OrlixString.h"
 
 namespace Orlix::Data {
 
@@ -78,6 +79,15 @@ class CSecGeom {
   Vec2<double> Centre() const { return centre_; }  ///< (y, z) [m]; the origin for free outlines
   double Rotation() const { return rotation_; }    ///< anticlockwise, from y towards z [rad]
 
+  /// A text about the geometry for people, such as "300 x 500 mm"; no number comes from it.
+  const OrlixString<wchar_t>& Description() const { return description_; }
+  void SetDescription(const OrlixString<wchar_t>& description) { description_ = description; }
+  /// The description with a unit after numbers that have none: "300 x 500" gives "300 x 500 mm", or
+  /// "300 mm x 500 mm". A number has a unit when a letter or a sign such as % follows it, spaces or
+  /// not, other than a single x.
+  /// @param afterEach  after each number; false: only when the text ends with one
+  std::wstring DescriptionWithUnitAppended(const std::wstring& unit, bool afterEach) const;
+
   /// The polygons of the geometry, outlines anticlockwise and holes clockwise for parametric
   /// shapes. Curved outlines become polygons of equal area.
   /// @param tolerance  largest distance between curve and chord [m], met with 8 to 8192 sides a
@@ -103,6 +113,7 @@ class CSecGeom {
   std::vector<SectionPolygon> polygons_;
   Vec2<double> centre_;
   double rotation_{};
+  OrlixString<wchar_t> description_;
 };
 
 }  // namespace Orlix::Data

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "model/oxnumeric/polygon_validity.h"
+#include "model/oxdata/reinforcement/CPositionRebar.h"
 #include "model/oxutil/text.h"
 #include "model/oxutil/uuid.h"
 #include "model/vldata/document/grade_migration.h"
@@ -39,6 +40,10 @@ CVelmoData::CVelmoData(const CVelmoData& other)
 CVelmoData& CVelmoData::operator=(const CVelmoData& other) {
   if (this != &other) *this = CVelmoData(other);
   return *this;
+}
+
+void CVelmoData::GenerateRebar(CSection& section) const {
+  Velmo::CPositionRebar(rebarHelper_, barHelper_, code_, Units()).GenerateRebar(section);
 }
 
 void CVelmoData::UpdateModelId() { modelId_ = NewUuid(); }

@@ -136,6 +136,10 @@ class CVelmoData : public CModelData {
   const DocumentOptions& Options() const { return options_; }
   void SetOptions(const DocumentOptions& options) { options_ = options; }
 
+  /// Positions the bars of a section from its bar descriptions, as `Velmo::CPositionRebar` does.
+  /// Sections that are read from JSON have them already.
+  void GenerateRebar(CSection& section) const;
+
   /// Whether some concrete component that a task includes has a material model in a load state
   /// (for either load sign).
   bool HasMaterialModel(const Velmo9::VelmoSection& section, int iTask, LoadState state,

@@ -87,6 +87,7 @@ CVelmoData::CVelmoData(Util::JsonDocument& json) : CVelmoData() {
                                   code_.Data(), problems);
   if (const Util::JsonValue* sections = reader.Array("sections")) {
     sections_ = SectionsFromJson(*sections, reader.PathOf("sections"), *materials_, problems);
+    for (Velmo9::VelmoSection& section : sections_) GenerateRebar(section);
   }
   reader.ReportUnknown();
   readProblems_ = problems.Problems();
@@ -105,6 +106,7 @@ Velmo9::VelmoSection CVelmoData::section(const Util::JsonValue& json) {
   ProblemList problems;
   const JsonPath root;
   Velmo9::VelmoSection read = SectionFromJson(json, root.Member("section"), *materials_, problems);
+  GenerateRebar(read);
   readProblems_ = problems.Problems();
   return read;
 }

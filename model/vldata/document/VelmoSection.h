@@ -2,7 +2,9 @@
 
 #include <vector>
 
+#include "model/oxdata/reinforcement/CRebarHelper.h"
 #include "model/oxdata/section/CSection.h"
+#include "model/oxutil/CUnit.h"
 #include "model/oxutil/json_fwd.h"
 #include "model/vldata/document/AnalysisTask.h"
 
@@ -40,6 +42,11 @@ class VelmoSection : public CSection {
   /// The properties of the section's geometry: gross and net area, bars. docs/facade-json.md has
   /// the form. @throws as `SectionPropertiesOf`.
   Util::JsonValue propertiesToJson(Util::JsonAllocator& allocator) const;
+  /// The links of the components that have some, in display units; docs/facade-json.md has the
+  /// form.
+  /// @param grades  of the document
+  Util::JsonValue LinksToJson(Util::JsonAllocator& allocator, const CUnit& units,
+                              const Util::CRebarHelper& grades) const;
 
  private:
   std::vector<AnalysisTask> tasks_;

@@ -85,6 +85,12 @@ CSecGeom Parametric(ObjectReader& reader, ShapeKind kind) {
   return {kind, dimensions, centre, rotation};
 }
 
+void AddDescription(Util::JsonValue& json, const CSecGeom& geometry,
+                    Util::JsonAllocator& allocator) {
+  if (geometry.Description().empty()) return;
+  AddText(json, "description", geometry.Description(), allocator);
+}
+
 }  // namespace
 
 Util::JsonValue GeometryToJson(const CSecGeom& geometry, Util::JsonAllocator& allocator) {
@@ -96,6 +102,7 @@ Util::JsonValue GeometryToJson(const CSecGeom& geometry, Util::JsonAllocator& al
       polygons.PushBack(PolygonToJson(polygon, allocator), allocator);
     }
     AddMember(json, "polygons", polygons, allocator);
+    AddDescription(json, geometry, allocator);
     return json;
   }
   for (const ShapeParameter& p : ShapeParameters(geometry.Kind())) {
@@ -104,6 +111,7 @@ Util::JsonValue GeometryToJson(const CSecGeom& geometry, Util::JsonAllocator& al
   }
   AddPair(json, "centre", geometry.Centre(), allocator);
   AddNumber(json, "rotation", geometry.Rotation(), allocator);
+  AddDescription(json, geometry, allocator);
   return json;
 }
 
@@ -120,6 +128,9 @@ CSecGeom GeometryFromJson(const Util::JsonValue& json, const JsonPath& path,
     return {};
   }
   CSecGeom geometry = kind == ShapeKind::polygon ? FreeOutlines(reader) : Parametric(reader, kind);
+  if (const auto description = reader.WideText("description")) {
+    geometry.SetDescription(*description);
+  }
   reader.ReportUnknown();
   return geometry;
 }

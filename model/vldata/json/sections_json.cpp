@@ -1,6 +1,7 @@
 #include "model/vldata/json/sections_json.h"
 
 #include <array>
+#include <cmath>
 #include <numbers>
 
 #include "model/oxutil/json.h"
@@ -51,7 +52,6 @@ int GradeFrom(ObjectReader& reader, MatType type, const Materials& materials) {
 }
 
 void AddPreload(Util::JsonValue& json, const Preload& preload, Util::JsonAllocator& allocator) {
-  if (preload == Preload{}) return;
   Util::JsonValue value(rapidjson::kObjectType);
   for (const auto& [name, kind] : kPreloadNames) {
     if (kind == preload.kind) AddText(value, "kind", name, allocator);
@@ -77,7 +77,7 @@ Util::JsonValue BarToJson(const CBar& bar, const Materials& materials,
   if (bar.Diameter() != 0.0) AddNumber(json, "diameter", bar.Diameter(), allocator);
   AddNumber(json, "area", bar.Area(), allocator);
   AddGrade(json, MatType::reinforcement, bar.Grade(), materials, allocator);
-  AddPreload(json, bar.GetPreload(), allocator);
+  if (bar.GetPreload() != Preload{}) AddPreload(json, bar.GetPreload(), allocator);
   return json;
 }
 
@@ -102,6 +102,81 @@ CBar BarFromJson(const Util::JsonValue& json, const JsonPath& path, const Materi
   return {position, diameter, area, grade, preload};
 }
 
+Util::JsonValue DescriptionToJson(const BarDescription& description, const Materials& materials,
+                                  Util::JsonAllocator& allocator) {
+  Util::JsonValue json(rapidjson::kObjectType);
+  AddText(json, "text", description.text, allocator);
+  AddGrade(json, MatType::reinforcement, description.grade, materials, allocator);
+  if (description.cover) AddNumber(json, "cover", *description.cover, allocator);
+  if (description.preload) AddPreload(json, *description.preload, allocator);
+  return json;
+}
+
+BarDescription DescriptionFromJson(const Util::JsonValue& json, const JsonPath& path,
+                                   const Materials& materials, ProblemList& problems) {
+  ObjectReader reader(json, path, problems);
+  BarDescription description;
+  description.text = cstr(reader.RequiredText("text", "a bar description"));
+  description.grade = GradeFrom(reader, MatType::reinforcement, materials);
+  description.cover = reader.Number("cover", NumberRange::notNegative);
+  if (const Util::JsonValue* value = reader.Object("preload")) {
+    description.preload = PreloadFromJson(*value, reader.PathOf("preload"), problems);
+  }
+  reader.ReportUnknown();
+  return description;
+}
+
+Util::JsonValue LinksMember(const Links& links, const Materials& materials,
+                            Util::JsonAllocator& allocator) {
+  Util::JsonValue json(rapidjson::kObjectType);
+  AddNumber(json, "size", links.size, allocator);
+  if (links.spacing != 0.0) AddNumber(json, "spacing", links.spacing, allocator);
+  AddNumber(json, "legs", links.legs, allocator);
+  AddFlag(json, "perimeter", links.perimeter, allocator);
+  AddGrade(json, MatType::reinforcement, links.grade, materials, allocator);
+  return json;
+}
+
+Links LinksFromJson(const Util::JsonValue& json, const JsonPath& path, const Materials& materials,
+                    ProblemList& problems) {
+  ObjectReader reader(json, path, problems);
+  Links links;
+  links.size = reader.Number("size", NumberRange::positive).value_or(links.size);
+  if (json.IsObject() && reader.Find("size") == nullptr) reader.Report("size", "a diameter");
+  links.spacing = reader.Number("spacing", NumberRange::positive).value_or(links.spacing);
+  if (const auto legs = reader.Number("legs", NumberRange::positive)) {
+    constexpr double kMostLegs = 1000.0;
+    const bool isCount = *legs <= kMostLegs && *legs == std::floor(*legs);
+    if (isCount) links.legs = static_cast<int>(*legs);
+    if (!isCount) reader.Report("legs", "a whole number of legs up to 1000");
+  }
+  links.perimeter = reader.Flag("perimeter").value_or(links.perimeter);
+  links.grade = GradeFrom(reader, MatType::reinforcement, materials);
+  reader.ReportUnknown();
+  return links;
+}
+
+// Bars that descriptions made are made again when the document is read.
+void AddReinforcement(Util::JsonValue& json, const Reinforcement& reinforcement,
+                      const Materials& materials, Util::JsonAllocator& allocator) {
+  Util::JsonValue bars(rapidjson::kArrayType);
+  for (const CBar& bar : reinforcement.bars) {
+    if (bar.Description() < 0) bars.PushBack(BarToJson(bar, materials, allocator), allocator);
+  }
+  AddMember(json, "bars", bars, allocator);
+  if (!reinforcement.descriptions.empty()) {
+    Util::JsonValue descriptions(rapidjson::kArrayType);
+    for (const BarDescription& description : reinforcement.descriptions) {
+      descriptions.PushBack(DescriptionToJson(description, materials, allocator), allocator);
+    }
+    AddMember(json, "barDescriptions", descriptions, allocator);
+  }
+  if (reinforcement.links.size > 0.0) {
+    Util::JsonValue links = LinksMember(reinforcement.links, materials, allocator);
+    AddMember(json, "links", links, allocator);
+  }
+}
+
 Util::JsonValue ComponentToJson(const CSecComp& component, const Materials& materials,
                                 Util::JsonAllocator& allocator) {
   Util::JsonValue json(rapidjson::kObjectType);
@@ -114,27 +189,44 @@ Util::JsonValue ComponentToJson(const CSecComp& component, const Materials& mate
     Util::JsonValue geometry = GeometryToJson(component.Geometry(), allocator);
     AddMember(json, "geometry", geometry, allocator);
   }
-  if (!component.ConcreteExist()) return json;
-  Util::JsonValue bars(rapidjson::kArrayType);
-  for (const CBar& bar : component.Concrete().Bars()) {
-    bars.PushBack(BarToJson(bar, materials, allocator), allocator);
+  if (component.ConcreteExist()) {
+    AddReinforcement(json, component.Concrete().GetReinforcement(), materials, allocator);
   }
-  AddMember(json, "bars", bars, allocator);
   return json;
 }
 
-void ReadBars(ObjectReader& reader, const Materials& materials, CSecComp& component) {
-  const Util::JsonValue* array = reader.Array("bars");
+// Reads an array of bars or descriptions.
+template <class T, class Read>
+void ReadArray(ObjectReader& reader, std::string_view name, std::vector<T>& list, Read read) {
+  const Util::JsonValue* array = reader.Array(name);
   if (array == nullptr) return;
+  const JsonPath path = reader.PathOf(name);
+  for (rapidjson::SizeType i = 0; i < array->Size(); ++i) {
+    list.push_back(read((*array)[i], path.Element(i)));
+  }
+}
+
+void ReadReinforcement(ObjectReader& reader, const Materials& materials, CSecComp& component) {
   if (!component.ConcreteExist()) {
-    reader.Report("bars", "bars in a component of concrete alone");
+    for (const char* name : {"bars", "barDescriptions", "links"}) {
+      if (reader.Find(name) != nullptr) {
+        reader.Report(name, std::string(name) + " in a component of concrete alone");
+      }
+    }
     return;
   }
-  const JsonPath path = reader.PathOf("bars");
+  ProblemList& problems = reader.Problems();
   Reinforcement reinforcement;
-  for (rapidjson::SizeType i = 0; i < array->Size(); ++i) {
-    reinforcement.bars.push_back(
-        BarFromJson((*array)[i], path.Element(i), materials, reader.Problems()));
+  ReadArray(reader, "bars", reinforcement.bars,
+            [&](const Util::JsonValue& json, const JsonPath& path) {
+              return BarFromJson(json, path, materials, problems);
+            });
+  ReadArray(reader, "barDescriptions", reinforcement.descriptions,
+            [&](const Util::JsonValue& json, const JsonPath& path) {
+              return DescriptionFromJson(json, path, materials, problems);
+            });
+  if (const Util::JsonValue* links = reader.Object("links")) {
+    reinforcement.links = LinksFromJson(*links, reader.PathOf("links"), materials, problems);
   }
   component.Concrete().SetReinforcement(std::move(reinforcement));
 }
@@ -152,7 +244,7 @@ CSecComp ComponentFromJson(const Util::JsonValue& json, const JsonPath& path,
   }
   CSecComp component(type, grade, std::move(geometry));
   component.SetName(name);
-  ReadBars(reader, materials, component);
+  ReadReinforcement(reader, materials, component);
   reader.ReportUnknown();
   return component;
 }
