@@ -76,6 +76,7 @@ FileIOAttributes VelmoApp::Open(const std::filesystem::path& path, std::string& 
       return {};
     }
   }
+  for (Data::Velmo9::VelmoSection& section : document_.Sections()) generateRebar(section);
   FileIOAttributes attributes;
   attributes.gradesNeedMigration = document_.IsMigrationOfGradesRequired();
   SetUserDefinedGradesToSections(document_);
@@ -120,6 +121,8 @@ void VelmoApp::setUnits(const JsonValue& json) {
     // A text that is no unit leaves the default, and so does the one for a missing label.
     units.SetUnitString(dimension, cstr(found ? label->GetString() : "no label found"));
   }
+  const std::wstring before = document_.Units().UnitString(Dimension::sectionDimensions);
+  if (before != units.UnitString(Dimension::sectionDimensions)) updateSections(false, before);
   document_.SetUnits(units);
 }
 

@@ -55,7 +55,8 @@ class VelmoApp {
   // Settings.
 
   void setTitles(const Util::JsonValue& json);
-  /// Sets all units; what is missing or unknown takes its default.
+  /// Sets all units; what is missing or unknown takes its default. Bars stay where they are: bar
+  /// descriptions without a unit get the one that they had so far.
   void setUnits(const Util::JsonValue& json);
   void setCodes(const Util::JsonValue& json);
   void setGrade(const Util::JsonValue& json);
@@ -86,6 +87,19 @@ class VelmoApp {
   Util::JsonValue sectionProperties(int iSec, Util::JsonAllocator& allocator) const;
   /// Area of the bars over that of the concrete, in per cent.
   double rebarPercentage(int iSec) const;
+
+  /// Positions the bars of a section of the document, or of a copy of one, from its bar
+  /// descriptions; bars given as points stay. When a description cannot be read or placed nothing
+  /// changes; the checks before a solution say which and why.
+  void generateRebar(Data::Velmo9::VelmoSection& section) const;
+  /// Makes the bars of all sections again from their descriptions. Results that this makes wrong go
+  /// and their cases are queued.
+  /// @param updateGrades  the grades that descriptions name, or the letters of their sizes stand
+  ///                      for, become those of the descriptions
+  /// @param unit          is appended to descriptions whose lengths have no unit; empty: nothing
+  void updateSections(bool updateGrades, const std::wstring& unit);
+  /// The links of a section's components as JSON, in display units.
+  Util::JsonValue SectionLinksToJson(int iSec, Util::JsonAllocator& allocator);
 
   /// Appends a copy of a task, or a default task.
   void addTask(int iSec, const Data::Velmo9::AnalysisTask& task);
@@ -165,6 +179,7 @@ class VelmoApp {
 
  private:
   void OpenJson(Util::JsonDocument& json, const std::filesystem::path& path);
+  void AppendUnit(Data::CSecComp& component, const std::wstring& unit) const;
   void SectionChanged(int iSec);
   void SectionSolved(int iSec);
   void MaterialsChanged();
