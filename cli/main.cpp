@@ -24,6 +24,7 @@ int Run(int argc, char** argv) {
   Orlix::Cli::AddNewCommand(program, exitCode);
   Orlix::Cli::AddShowCommand(program, exitCode);
   Orlix::Cli::AddValidateCommand(program, exitCode);
+  Orlix::Cli::AddCheckCommand(program, exitCode);
   Orlix::Cli::AddSolveCommand(program, exitCode);
   Orlix::Cli::AddDxfCommand(program, exitCode);
   Orlix::Cli::AddReportCommand(program, exitCode);

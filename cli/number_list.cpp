@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cstddef>
+#include <numeric>
 #include <string>
 #include <system_error>
 
@@ -53,6 +54,13 @@ std::vector<int> IndicesFrom(std::string_view text, int count, std::string_view 
     }
   }
   return indices;
+}
+
+std::vector<int> ChosenIndices(std::string_view text, int count, std::string_view what) {
+  if (!text.empty()) return IndicesFrom(text, count, what);
+  std::vector<int> all(static_cast<std::size_t>(count));
+  std::iota(all.begin(), all.end(), 0);
+  return all;
 }
 
 }  // namespace Orlix::Cli

@@ -12,4 +12,7 @@ namespace Orlix::Cli {
 /// @throws CommandError when the text is no such list or a number is not within 1 to `count`.
 std::vector<int> IndicesFrom(std::string_view text, int count, std::string_view what);
 
+/// The same; all of them when the text is empty.
+std::vector<int> ChosenIndices(std::string_view text, int count, std::string_view what);
+
 }  // namespace Orlix::Cli

@@ -5,17 +5,16 @@
 #include <vector>
 
 #include "cli/commands.h"
+#include "cli/prepare_task.h"
 
 namespace Orlix::Cli {
 
 bool CheckAndSolve(VelmoApp& app, int iSec, int iTask) {
   const std::string place =
       "section " + std::to_string(iSec + 1) + ", task " + std::to_string(iTask + 1) + ": ";
-  std::vector<std::string> messages;
-  if (!app.preSolutionChecksPassed(messages, iSec, iTask)) {
-    for (const std::string& message : messages) std::cerr << place << message << '\n';
-    return false;
-  }
+  const std::vector<std::string> messages = PrepareTask(app, iSec, iTask);
+  for (const std::string& message : messages) std::cerr << place << message << '\n';
+  if (!messages.empty()) return false;
   Data::Velmo9::VelmoSection& section = app.pData()->getSection(iSec);
   app.SolveTask(section, iTask);
   const Data::Velmo9::AnalysisTask& task = section.Task(iTask);

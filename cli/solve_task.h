@@ -4,7 +4,8 @@
 
 namespace Orlix::Cli {
 
-/// Checks a task and solves it; its results stay in the document.
+/// Checks a task and solves it, with the earlier tasks that preload it; the results stay in the
+/// document.
 /// @return false when checks fail: standard error says which
 /// @throws CommandError when the task passes all checks and yet has no results.
 bool CheckAndSolve(VelmoApp& app, int iSec, int iTask);
