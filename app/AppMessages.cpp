@@ -2,6 +2,8 @@
 
 #include <cstddef>
 
+#include "model/vldata/response/CompileMessages.h"
+
 namespace Orlix::AppMessages {
 
 namespace {
@@ -18,10 +20,53 @@ std::string InvalidTask(int iSec, int iTask) {
 
 std::string NoCaseResults(int iCase) { return "Unable to get results for case " + FromOne(iCase); }
 
-std::string TaskPrefix(int iTask) { return "Error from task " + FromOne(iTask) + ": "; }
+std::string TaskPrefix(int iTask) { return Data::Velmo9::CompileMessages::TaskPrefix(iTask); }
 
 std::string NoActiveComponents(int iTask) {
   return TaskPrefix(iTask) + "There are no active components to solve";
+}
+
+std::string NoPreloadTask(int iTask, int number) {
+  return TaskPrefix(iTask) + "Task " + std::to_string(number) +
+         " is not a valid task for component preload";
+}
+
+std::string LaterPreloadTask(int iTask, int number) {
+  return TaskPrefix(iTask) + "Task " + std::to_string(number) +
+         " is not a valid task. Only the tasks priors to the current task are valid for component "
+         "preload";
+}
+
+std::string NoSharedComponents(int iTask, int number) {
+  return TaskPrefix(iTask) + "Task " + FromOne(iTask) +
+         " is not a valid because it doesn't share active components with the reference task " +
+         std::to_string(number) + " for component preload";
+}
+
+std::string NoPreloadCase(int iTask, int number) {
+  return TaskPrefix(iTask) + "Case " + std::to_string(number) +
+         " is not a valid case number for component preload";
+}
+
+std::string MissingPreloadCase(int iTask, int number) {
+  return TaskPrefix(iTask) + "Case " + std::to_string(number) +
+         " is not available from the given task for component preload";
+}
+
+std::string UnsolvedPreloadCase(int iTask, int task, int number) {
+  return TaskPrefix(iTask) + "Case " + std::to_string(number) + " of task " + std::to_string(task) +
+         " is not valid for component preload, as it doesn't have result";
+}
+
+std::string DifferentCreep(int iTask, int number) {
+  return TaskPrefix(iTask) +
+         "Different load term or creep coefficients are not allowed between the current (Task " +
+         FromOne(iTask) + ") and the referenced task (Task " + std::to_string(number) + ")";
+}
+
+std::string OverlappingComponents(int iTask, int number) {
+  return TaskPrefix(iTask) + "Additional enabled component(s) from the task " + FromOne(iTask) +
+         " overlaps with enabled components of the reference task " + std::to_string(number);
 }
 
 std::string AboutComponents(const std::vector<int>& numbers, const std::string& one,

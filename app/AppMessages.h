@@ -15,6 +15,21 @@ std::string NoCaseResults(int iCase);
 std::string TaskPrefix(int iTask);
 std::string NoActiveComponents(int iTask);
 
+/// A bar description is not valid.
+inline constexpr const char* kInvalidRebar =
+    "Rebar definition is invalid. Please revise rebar grade and definition.";
+
+// What is wrong with the component preload of a task. Numbers of the reference task and case come
+// from the task and count from one.
+std::string NoPreloadTask(int iTask, int number);
+std::string LaterPreloadTask(int iTask, int number);
+std::string NoSharedComponents(int iTask, int number);
+std::string NoPreloadCase(int iTask, int number);
+std::string MissingPreloadCase(int iTask, int number);
+std::string UnsolvedPreloadCase(int iTask, int task, int number);
+std::string DifferentCreep(int iTask, int number);
+std::string OverlappingComponents(int iTask, int number);
+
 /// "Component 3 has …" or "Components 2 and 5 have …".
 /// @param numbers  of the components, from one; at least one
 /// @param one, several  what follows the number or numbers

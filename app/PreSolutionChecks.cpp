@@ -6,7 +6,10 @@
 
 #include "app/AppMessages.h"
 #include "app/model_indices.h"
+#include "model/oxdata/reinforcement/CBarInput.h"
 #include "model/vldata/response/SectionCompiler.h"
+#include "model/vldata/response/compile_problems.h"
+#include "model/vldata/response/results_stamp.h"
 
 namespace Orlix {
 
@@ -36,18 +39,24 @@ bool PreSolutionChecks::CheckSection(std::vector<std::string>& messages, int iSe
       messages.push_back(AppMessages::AboutComponents(bad, one, several));
     }
   }
+  std::string message;
+  if (!HaveValidRebarDefinition(iSec, message)) messages.push_back(std::move(message));
   return messages.empty();
 }
 
 bool PreSolutionChecks::CheckTask(std::vector<std::string>& messages, int iSec, int iTask) const {
   if (!HasSection(document_, iSec)) return CheckSection(messages, iSec);
+  const std::size_t before = messages.size();
   if (iTask >= 0 && !HasTask(document_, iSec, iTask)) {
     messages.push_back(AppMessages::TaskPrefix(iTask) + AppMessages::InvalidTask(iSec, iTask));
   }
   if (!IsAnyComponentEnabled(iSec, iTask)) {
     messages.push_back(AppMessages::NoActiveComponents(iTask));
   }
-  if (!CheckSection(messages, iSec)) return false;
+  CheckCustomPhiFactors(messages, iSec, iTask);
+  CheckComponentPreload(messages, iSec, iTask);
+  CheckSection(messages, iSec);
+  if (messages.size() > before) return false;
   // What the checks above find would be reported again by the compile step, so it is asked last.
   const VelmoSection& section = document_.Section(iSec);
   const AnalysisTask& task = section.Task(iTask);
@@ -107,6 +116,25 @@ bool PreSolutionChecks::HavePolygons(int iSec, std::vector<int>& bad) const {
   return Collect(iSec, bad, [](const CSecComp& c) { return !c.Geometry().hasValidPolygons(); });
 }
 
+bool PreSolutionChecks::HaveValidRebarDefinition(int iSec, std::string& message) const {
+  if (!HasSection(document_, iSec)) return true;
+  const double metresPerUnit = 1.0 / document_.Units().Conversion(Dimension::sectionDimensions);
+  for (const CSecComp& component : document_.Section(iSec).Components()) {
+    if (!component.ConcreteExist()) continue;
+    const auto& descriptions = component.Concrete().GetReinforcement().descriptions;
+    const bool allValid =
+        std::all_of(descriptions.begin(), descriptions.end(), [&](const auto& description) {
+          return Data::CBarInput(description.text, document_.GetRebarHelper(),
+                                 document_.GetBarHelper(), metresPerUnit)
+              .IsDescriptionValid();
+        });
+    if (allValid) continue;
+    message = AppMessages::kInvalidRebar;
+    return false;
+  }
+  return true;
+}
+
 bool PreSolutionChecks::IsAnyComponentEnabled(int iSec, int iTask) const {
   if (!HasTask(document_, iSec, iTask)) return false;
   const VelmoSection& section = document_.Section(iSec);
@@ -116,6 +144,58 @@ bool PreSolutionChecks::IsAnyComponentEnabled(int iSec, int iTask) const {
     if (task.IncludesComponent(component++)) return true;
   }
   return false;
+}
+
+void PreSolutionChecks::CheckCustomPhiFactors(std::vector<std::string>& messages, int iSec,
+                                              int iTask) const {
+  if (!HasTask(document_, iSec, iTask) || !document_.concreteCode().IsStrengthReduction()) return;
+  const auto& phi = document_.Section(iSec).Task(iTask).PhiFactors();
+  if (!phi) return;
+  for (const std::string& problem : Data::Velmo9::PhiProblems(*phi)) {
+    messages.push_back(AppMessages::TaskPrefix(iTask) + problem);
+  }
+}
+
+void PreSolutionChecks::CheckComponentPreload(std::vector<std::string>& messages, int iSec,
+                                              int iTask) const {
+  if (!HasTask(document_, iSec, iTask)) return;
+  const auto& from = document_.Section(iSec).Task(iTask).PreloadFrom();
+  if (!from) return;
+  std::string problem = PreloadProblem(iSec, iTask, *from);
+  if (!problem.empty()) messages.push_back(std::move(problem));
+}
+
+std::string PreSolutionChecks::PreloadProblem(int iSec, int iTask,
+                                              const Data::Velmo9::PreloadReference& from) const {
+  const VelmoSection& section = document_.Section(iSec);
+  if (from.task < 1) return AppMessages::NoPreloadTask(iTask, from.task);
+  if (from.task > iTask) return AppMessages::LaterPreloadTask(iTask, from.task);
+  const int iReference = from.task - 1;
+  if (!section.IsCommonActiveComponentFound(iTask, iReference)) {
+    return AppMessages::NoSharedComponents(iTask, from.task);
+  }
+  if (from.iCase < 1) return AppMessages::NoPreloadCase(iTask, from.iCase);
+  if (from.iCase > section.Task(iReference).NumCases()) {
+    return AppMessages::MissingPreloadCase(iTask, from.iCase);
+  }
+  // Results of an earlier model are none.
+  if (!IsPreloadCaseResultsValid(section, iReference, from.iCase - 1) ||
+      !HasCurrentResults(document_, section, iReference, from.iCase - 1)) {
+    return AppMessages::UnsolvedPreloadCase(iTask, from.task, from.iCase);
+  }
+  if (!section.DoesPreloadedTaskHasSameCreep(iTask, iReference)) {
+    return AppMessages::DifferentCreep(iTask, from.task);
+  }
+  if (document_.IsComponentOverlappedInStages(iSec, iTask, iReference)) {
+    return AppMessages::OverlappingComponents(iTask, from.task);
+  }
+  return {};
+}
+
+bool PreSolutionChecks::IsPreloadCaseResultsValid(const VelmoSection& section, int iTask,
+                                                  int iCase) {
+  return iTask >= 0 && std::cmp_less(iTask, section.Tasks().size()) &&
+         section.Task(iTask).IsCaseAnalysed(iCase);
 }
 
 }  // namespace Orlix

@@ -22,6 +22,7 @@ namespace Orlix {
 
 using Data::CVelmoData;
 using Data::Velmo9::FileIOAttributes;
+using Data::Velmo9::VelmoSection;
 using Util::JsonDocument;
 using Util::JsonValue;
 
@@ -190,6 +191,24 @@ bool VelmoApp::allComponentsHavePolygons(int iSec, std::vector<int>& bad) const 
 
 bool VelmoApp::isAtleastOneComponentEnabled(int iSec, int iTask) const {
   return PreSolutionChecks(document_).IsAnyComponentEnabled(iSec, iTask);
+}
+
+bool VelmoApp::allComponentsHaveValidRebarDefinition(int iSec, std::string& message) const {
+  return PreSolutionChecks(document_).HaveValidRebarDefinition(iSec, message);
+}
+
+void VelmoApp::CheckCustomPhiFactors(int iSec, int iTask,
+                                     std::vector<std::string>& messages) const {
+  PreSolutionChecks(document_).CheckCustomPhiFactors(messages, iSec, iTask);
+}
+
+void VelmoApp::CheckForComponentPreloadInputValidity(int iSec, int iTask,
+                                                     std::vector<std::string>& messages) const {
+  PreSolutionChecks(document_).CheckComponentPreload(messages, iSec, iTask);
+}
+
+bool VelmoApp::IsPreloadCaseResultsValid(const VelmoSection& section, int iTask, int iCase) {
+  return PreSolutionChecks::IsPreloadCaseResultsValid(section, iTask, iCase);
 }
 
 std::string VelmoApp::StringifyVectorInts(const std::vector<int>& list) {

@@ -139,7 +139,16 @@ class VelmoApp {
   bool allComponentsHaveMaterialGrade(int iSec, std::vector<int>& bad) const;
   bool allComponentsHaveMaterialCurves(int iSec, std::vector<int>& bad) const;
   bool allComponentsHavePolygons(int iSec, std::vector<int>& bad) const;
+  /// Whether every bar description of a section can be read.
+  /// @param[out] message  set only when not
+  bool allComponentsHaveValidRebarDefinition(int iSec, std::string& message) const;
   bool isAtleastOneComponentEnabled(int iSec, int iTask) const;
+  void CheckCustomPhiFactors(int iSec, int iTask, std::vector<std::string>& messages) const;
+  void CheckForComponentPreloadInputValidity(int iSec, int iTask,
+                                             std::vector<std::string>& messages) const;
+  /// Whether a case that a component preload may refer to has results.
+  static bool IsPreloadCaseResultsValid(const Data::Velmo9::VelmoSection& section, int iTask,
+                                        int iCase);
   /// "1, 2 and 3".
   static std::string StringifyVectorInts(const std::vector<int>& list);
 
