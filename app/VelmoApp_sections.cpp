@@ -37,6 +37,16 @@ bool HasResultsBuiltOn(const VelmoSection& section, int iTask, int iCase) {
   });
 }
 
+// A case of the task came to wait or, when its input is the solved one again, waits no longer.
+void UpdateQueue(Data::AnalysisQueue& queue, const Data::CaseRange& oneCase,
+                 const AnalysisTask& task) {
+  if (!task.IsCaseAnalysed(oneCase.first)) {
+    queue.Put(oneCase);
+  } else if (!queue.IsPaused()) {
+    queue.Remove(oneCase);
+  }
+}
+
 }  // namespace
 
 VelmoSection& VelmoApp::AddSection(Data::CSection section) {
@@ -125,15 +135,11 @@ void VelmoApp::setCaseInput(int iSec, int iTask, int iCase, Vec3<double> input) 
   while (task.NumCases() <= iCase) task.addCase();
   task.SetCaseInput(iCase, input);
   if (HasResultsBuiltOn(document_.Section(iSec), iTask, iCase)) return SectionChanged(iSec);
-  // The one case alone: a front end may fill a million rows one by one.
   if (!task.ComputesULS() && !task.ComputesSLS()) return;
-  Data::AnalysisQueue& queue = document_.Queue();
-  queue.Put({iSec, iTask, numBefore, task.NumCases()});
-  const Data::CaseRange edited{iSec, iTask, iCase, iCase + 1};
-  if (!task.IsCaseAnalysed(iCase)) {
-    queue.Put(edited);
-  } else if (!queue.IsPaused()) {
-    queue.Remove(edited);
+  // These cases alone: a front end may fill a million rows one by one.
+  UpdateQueue(document_.Queue(), {iSec, iTask, iCase, iCase + 1}, task);
+  for (int i = numBefore; i < task.NumCases(); ++i) {
+    UpdateQueue(document_.Queue(), {iSec, iTask, i, i + 1}, task);
   }
 }
 
