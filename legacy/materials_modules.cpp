@@ -129,7 +129,8 @@ class GradesReader {
       // Links may be of the grade of bars, when it is the same one.
       CMat same = context_.document.getMaterials()->Grade(type_, there->second);
       same.SetName(material_.Name());
-      if (module_ != "LINKS" || !(same == material_)) {
+      const bool isOther = !(same == material_) && !context_.notes.HasFailed("REINFORCEMENT");
+      if (module_ != "LINKS" || isOther) {
         Problem("gives the grade \"" + shown + "\" a second time, with other values");
       }
     }
