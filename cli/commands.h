@@ -30,5 +30,7 @@ void AddCheckCommand(CLI::App& program, int& exitCode);
 void AddSolveCommand(CLI::App& program, int& exitCode);
 void AddDxfCommand(CLI::App& program, int& exitCode);
 void AddReportCommand(CLI::App& program, int& exitCode);
+void AddClipboardCommand(CLI::App& program, int& exitCode);
+void AddCurveCommand(CLI::App& program, int& exitCode);
 
 }  // namespace Orlix::Cli

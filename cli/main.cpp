@@ -28,6 +28,8 @@ int Run(int argc, char** argv) {
   Orlix::Cli::AddSolveCommand(program, exitCode);
   Orlix::Cli::AddDxfCommand(program, exitCode);
   Orlix::Cli::AddReportCommand(program, exitCode);
+  Orlix::Cli::AddClipboardCommand(program, exitCode);
+  Orlix::Cli::AddCurveCommand(program, exitCode);
   try {
     program.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
