@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <iterator>
+#include <utility>
 
 #include "cli/commands.h"
 #include "model/vlsol/Solver.h"
@@ -90,6 +91,23 @@ bool IsOfGroup(const Output& output, std::string_view group) {
   return group == "all" || output.name.substr(0, output.name.find('.')) == group;
 }
 
+void SelectGroup(std::string_view group, const Data::CVelmoData& document, int iSec, int iTask,
+                 CsvOptions& options) {
+  std::string obstacle;
+  bool isAny = false;
+  for (const Output& output : kOutputs) {
+    if (!IsOfGroup(output, group)) continue;
+    std::string here = Obstacle(output, document, iSec, iTask);
+    isAny = isAny || here.empty();
+    if (here.empty()) {
+      Select(output, options);
+    } else if (obstacle.empty()) {
+      obstacle = std::move(here);
+    }
+  }
+  if (!isAny) throw CommandError("no table of \"" + std::string(group) + "\": " + obstacle);
+}
+
 }  // namespace
 
 std::string OutputNames() {
@@ -111,10 +129,7 @@ CsvOptions OutputsFrom(std::string_view text, const Data::CVelmoData& document, 
     const std::string_view name = text.substr(begin, end - begin);
     begin = end + 1;
     if (name == "all" || name == "uls" || name == "sls") {
-      for (const Output& output : kOutputs) {
-        if (!IsOfGroup(output, name)) continue;
-        if (Obstacle(output, document, iSec, iTask).empty()) Select(output, options);
-      }
+      SelectGroup(name, document, iSec, iTask, options);
       continue;
     }
     const auto* found = std::ranges::find(kOutputs, name, &Output::name);
