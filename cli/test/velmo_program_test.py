@@ -48,7 +48,7 @@ class Velmo(unittest.TestCase):
 
     def test_examples_of_the_help_work(self):
         examples = 0
-        for command in [[], ["new"], ["show"], ["validate"], ["solve"]]:
+        for command in [[], ["new"], ["show"], ["validate"], ["solve"], ["report"]]:
             for line in self.run_velmo(*command, "--help").stdout.splitlines():
                 words = shlex.split(line) if line.startswith("  velmo ") else []
                 if not words:
