@@ -1,6 +1,7 @@
 #include "materials/MaterialCurveImporter.h"
 
 #include <gtest/gtest.h>
+#include <rapidjson/document.h>
 
 #include <algorithm>
 #include <cmath>
@@ -115,6 +116,10 @@ TEST(MaterialCurveImporter, ConvertsFromTheUnitsOfTheDocument) {
   EXPECT_EQ(curve.Stress(-0.0001), 0.0);  // a compression curve leaves concrete without tension
   EXPECT_DOUBLE_EQ(curve.Stress(0.01), 20e6);
   EXPECT_DOUBLE_EQ(curve.CompressionLimit(), 0.001);
+
+  Util::JsonDocument json;  // a saved document has the same curve
+  document.toJson(json, json.GetAllocator(), false);
+  EXPECT_EQ(*CVelmoData(json).getMaterials(), *document.getMaterials());
 }
 
 TEST(MaterialCurveImporter, SidesGivenOneAfterTheOtherMakeOneCurve) {
