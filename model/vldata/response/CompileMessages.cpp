@@ -1,5 +1,6 @@
 #include "model/vldata/response/CompileMessages.h"
 
+#include "model/oxutil/StringFrom.h"
 #include "model/oxutil/text.h"
 
 namespace Orlix::Data::Velmo9::CompileMessages {
@@ -13,6 +14,30 @@ std::string Bar(int component, int bar) {
 
 std::string Name(LoadState state) {
   return state == LoadState::ULS ? "ultimate" : "serviceability";
+}
+
+std::string Description(int component, int description) {
+  return Component(component) + ", bar description " + std::to_string(description + 1);
+}
+
+// "bar 2" or "bars 2, 5 and 7", the first twenty of a long list.
+std::string Bars(const std::vector<int>& bars) {
+  constexpr std::size_t kMost = 20;
+  const std::size_t named = bars.size() > kMost ? kMost : bars.size();
+  std::string text = bars.size() == 1 ? "bar " : "bars ";
+  for (std::size_t i = 0; i < named; ++i) {
+    if (i > 0) text += i + 1 == bars.size() ? " and " : ", ";
+    text += std::to_string(bars[i] + 1);
+  }
+  if (named < bars.size()) text += " and " + std::to_string(bars.size() - named) + " more";
+  return text;
+}
+
+// The bars of a component, with the description that made them.
+std::string BarsOf(int component, int description, const std::vector<int>& bars) {
+  const std::string text = Component(component) + ", " + Bars(bars);
+  if (description < 0) return text;
+  return text + " of bar description " + std::to_string(description + 1);
 }
 
 }  // namespace
@@ -56,6 +81,37 @@ std::string NoBarPlace(int component, int bar) {
 
 std::string NoBarPreload(int component, int bar) {
   return Bar(component, bar) + " has a preload that its curve does not reach.";
+}
+
+std::string BarsOutside(int component, int description, const std::vector<int>& bars) {
+  return BarsOf(component, description, bars) + (bars.size() == 1 ? " lies" : " lie") +
+         " outside the section.";
+}
+
+std::string BarsReachOut(int component, int description, const std::vector<int>& bars) {
+  return BarsOf(component, description, bars) + (bars.size() == 1 ? " reaches" : " reach") +
+         " out of the section.";
+}
+
+std::string BarsOverlap(int component, int bar, int otherComponent, int otherBar) {
+  if (component == otherComponent)
+    return Component(component) + ", " + Bars({bar, otherBar}) + " overlap.";
+  return Bar(component, bar) + " overlaps with component " + std::to_string(otherComponent + 1) +
+         ", bar " + std::to_string(otherBar + 1) + ".";
+}
+
+std::string MoreOverlaps(std::size_t pairs) {
+  return std::to_string(pairs) +
+         (pairs == 1 ? " more pair of bars overlaps." : " more pairs of bars overlap.");
+}
+
+std::string TooMuchBarArea(int component, double area, double concrete) {
+  return Component(component) + " has more bars (" + StringFrom(area * 1e6) +
+         " mm²) than concrete (" + StringFrom(concrete * 1e6) + " mm²).";
+}
+
+std::string BadDescription(int component, int description, const std::string& problem) {
+  return Description(component, description) + ": " + problem + ".";
 }
 
 std::string NoCreep(int task) {

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
+#include <vector>
 
 #include "model/oxutil/Enumerations.h"
 #include "model/oxutil/OrlixString.h"
@@ -19,6 +21,14 @@ std::string NoBarGrade(int component, int bar);
 std::string NoBarArea(int component, int bar);
 std::string NoBarPlace(int component, int bar);
 std::string NoBarPreload(int component, int bar);
+/// @param description  that made the bars; -1: given as points
+std::string BarsOutside(int component, int description, const std::vector<int>& bars);
+std::string BarsReachOut(int component, int description, const std::vector<int>& bars);
+std::string BarsOverlap(int component, int bar, int otherComponent, int otherBar);
+std::string MoreOverlaps(std::size_t pairs);
+/// @param area, concrete  [m²]
+std::string TooMuchBarArea(int component, double area, double concrete);
+std::string BadDescription(int component, int description, const std::string& problem);
 std::string NoCreep(int task);
 std::string NoPreloadingCase(int task);
 std::string NoPreloadingState(int task, int reference, LoadState state);

@@ -7,6 +7,7 @@
 
 #include "model/vldata/response/CompileMessages.h"
 #include "model/vldata/response/SectionCompiler.h"
+#include "model/vldata/response/bar_problems.h"
 #include "model/vldata/response/stages.h"
 
 namespace Orlix::Data::Velmo9 {
@@ -60,6 +61,8 @@ class Checker {
       CheckComponent(i, components[static_cast<std::size_t>(i)]);
     }
     if (!isAnyIncluded) problems_.push_back(Messages::NothingIncluded(iTask_));
+    const std::vector<std::string> bars = BarProblems(document_, section_, iTask_);
+    problems_.insert(problems_.end(), bars.begin(), bars.end());
     if (state_ == LoadState::SLS && !IsUsable(task_.Creep())) {
       problems_.push_back(Messages::NoCreep(iTask_));
     }
