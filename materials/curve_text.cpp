@@ -11,7 +11,7 @@ namespace Orlix {
 
 namespace {
 
-constexpr std::size_t kLargestText = std::size_t{64} << 20;
+constexpr std::size_t kLargestText = std::size_t{16} << 20;
 constexpr std::string_view kLineEnd = "\r\n";
 constexpr std::string_view kSeparators = "\t|,;: ";
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";

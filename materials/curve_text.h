@@ -11,7 +11,7 @@ namespace Orlix {
 
 /// Reads a text file of points into the form that `NumberPairs` splits: every line, whether it ends
 /// in LF or CR LF, is followed by CR LF. A byte-order mark at the beginning is dropped.
-/// @return empty when nothing can be read or there are more than 64 MiB.
+/// @return empty when nothing can be read or there are more than 16 MiB.
 std::string CurveTextFrom(std::istream& stream);
 
 /// The numbers that the lines of a text begin with, in the units of the text.
