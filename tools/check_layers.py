@@ -48,6 +48,7 @@ THIRD_PARTY = {
     "gtest/": ["test"],
     "gmock/": ["test"],
     "benchmark/": ["bench"],
+    "dxflib/": ["bench"],
 }
 ONE_FILE_ONLY = "geos_c.h"
 
