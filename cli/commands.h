@@ -27,6 +27,7 @@ void AddNewCommand(CLI::App& program, int& exitCode);
 void AddShowCommand(CLI::App& program, int& exitCode);
 void AddValidateCommand(CLI::App& program, int& exitCode);
 void AddCheckCommand(CLI::App& program, int& exitCode);
+void AddConvertCommand(CLI::App& program, int& exitCode);
 void AddSolveCommand(CLI::App& program, int& exitCode);
 void AddDxfCommand(CLI::App& program, int& exitCode);
 void AddReportCommand(CLI::App& program, int& exitCode);

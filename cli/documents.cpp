@@ -15,6 +15,7 @@
 #include "cli/AtomicFile.h"
 #include "cli/commands.h"
 #include "cli/printable.h"
+#include "legacy/LegacyMessages.h"
 #include "model/oxutil/json.h"
 #include "model/oxutil/text.h"
 
@@ -32,6 +33,11 @@ std::filesystem::path Place(const std::filesystem::path& path) {
 // Why a file that the facade refused is no document.
 std::string ReasonOf(const std::filesystem::path& path, const std::string& message) {
   if (std::filesystem::is_directory(path)) return "is a directory";
+  // What is of the older format has its own messages.
+  if (message.starts_with(to_string(std::wstring(Legacy::Messages::kModules)))) {
+    return message + "\n`velmo convert` tells the lines";
+  }
+  if (message != to_string(std::wstring(Legacy::Messages::kNotOpened))) return message;
   errno = 0;
   std::ifstream stream(path, std::ios::binary);
   if (!stream) return errno == 0 ? message : std::strerror(errno);

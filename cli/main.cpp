@@ -25,6 +25,7 @@ int Run(int argc, char** argv) {
   Orlix::Cli::AddShowCommand(program, exitCode);
   Orlix::Cli::AddValidateCommand(program, exitCode);
   Orlix::Cli::AddCheckCommand(program, exitCode);
+  Orlix::Cli::AddConvertCommand(program, exitCode);
   Orlix::Cli::AddSolveCommand(program, exitCode);
   Orlix::Cli::AddDxfCommand(program, exitCode);
   Orlix::Cli::AddReportCommand(program, exitCode);
