@@ -25,7 +25,7 @@ struct Arguments {
 
 constexpr const char* kExample = R"(Example:
   velmo check column.json
-  velmo check column.json --section 1 --task 2
+  velmo check column.json --section 1 --task 1
 
 Each line says what keeps a task from being solved. Tasks whose cases preload another one are solved
 first, in memory; the task that is checked is not. Exit status 1 when there is any message.)";

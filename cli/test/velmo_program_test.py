@@ -48,7 +48,7 @@ class Velmo(unittest.TestCase):
 
     def test_examples_of_the_help_work(self):
         examples = 0
-        for command in [[], ["new"], ["show"], ["validate"], ["solve"], ["report"]]:
+        for command in [[], ["new"], ["show"], ["validate"], ["check"], ["solve"], ["report"]]:
             for line in self.run_velmo(*command, "--help").stdout.splitlines():
                 words = shlex.split(line) if line.startswith("  velmo ") else []
                 if not words:
@@ -103,6 +103,32 @@ class Velmo(unittest.TestCase):
             with self.subTest(arguments):
                 self.assertIn(text, self.run_velmo(*arguments, exit_code=2).stderr)
         self.assertEqual(os.listdir(self.folder), ["a.json"])
+
+    def test_checks_solve_the_earlier_stages_first(self):
+        repository = os.path.dirname(os.path.dirname(os.path.dirname(os.path.abspath(__file__))))
+        with open(os.path.join(repository, "examples", "staged-composite-beam.json"), "rb") as file:
+            self.write("a.json", file.read())
+        self.assertIn("1 section, 4 tasks", self.run_velmo("check", "a.json").stdout)
+        self.run_velmo("check", "a.json", "--task", "2")
+        alone = self.run_velmo("solve", "a.json", "--task", "2").stdout
+        self.assertIn(alone, self.run_velmo("solve", "a.json").stdout)
+
+        def spoil(document):
+            tasks = document["sections"][0]["tasks"]
+            tasks[0]["components"] = []
+            tasks[3]["preload"]["case"] = 9
+        self.change(spoil)
+        empty = "Error from task 1: There are no active components to solve\n"
+        later = ("Error from task 4: Case 9 is not available from the given task for component "
+                 "preload\n")
+        self.assertEqual(
+            self.run_velmo("check", "a.json", exit_code=1).stdout,
+            empty + "Error from task 2: Task 2 is not a valid because it doesn't share active "
+            "components with the reference task 1 for component preload\n" + later)
+        self.assertEqual(self.run_velmo("check", "a.json", "--task", "4", exit_code=1).stdout, later)
+        refused = self.run_velmo("solve", "a.json", "--task", "2", exit_code=1)
+        self.assertIn("section 1, task 2: " + empty, refused.stderr)
+        self.assertEqual(refused.stdout, "")
 
     def test_output_keeps_what_the_target_is(self):
         self.new("rectangle")
