@@ -52,25 +52,23 @@ class CsvBuilderTest : public testing::Test {
 };
 
 TEST_F(CsvBuilderTest, FailedCasesAreListedAsRangesOfThreeAndMore) {
-  const struct {
-    std::vector<int> failed;  // from one, of ten cases
-    const char* line;
-  } kCases[] = {{{1, 2}, "1,2,"},
-                {{1, 2, 3}, "1 to 3,"},
-                {{4}, "4,"},
-                {{2, 3, 4, 5, 8, 9}, "2 to 5,8,9,"},
-                {{1, 3, 4, 5, 7, 8, 10}, "1,3 to 5,7,8,10,"}};
+  const std::pair<std::vector<int>, const char*> kCases[] = {
+      {{1, 2}, "1,2,"},
+      {{1, 2, 3}, "1 to 3,"},
+      {{4}, "4,"},
+      {{2, 3, 4, 5, 8, 9}, "2 to 5,8,9,"},
+      {{1, 3, 4, 5, 7, 8, 10}, "1,3 to 5,7,8,10,"}};
   const std::vector<int> all = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9};
   CsvOptions sls;
   sls.sls.crackResults = true;
-  for (const auto& c : kCases) {
+  for (const auto& [failed, line] : kCases) {
     builder.records.assign(10, {});
     for (auto& record : builder.records) record.status = true;
-    for (const int n : c.failed) builder.records[static_cast<std::size_t>(n - 1)].status = false;
+    for (const int n : failed) builder.records[static_cast<std::size_t>(n - 1)].status = false;
     const Lines lines = Tables(all, sls);
     ASSERT_EQ(lines.size(), 5U);
     EXPECT_EQ(lines[2], "SLS results are not available for the following cases");
-    EXPECT_EQ(lines[4], c.line);
+    EXPECT_EQ(lines[4], line);
     EXPECT_EQ(Tables(all, {}), lines);  // the list stays until it is made anew
   }
   builder.records.assign(2, {});
@@ -159,7 +157,7 @@ TEST_F(CsvBuilderTest, ServiceabilityTasksHaveServiceabilityTables) {
 }
 
 TEST_F(CsvBuilderTest, StrainUnitsAreWords) {
-  const std::pair<const wchar_t*, const char*> kUnits[] = {{L"‰", "per mille"},
+  const std::pair<const wchar_t*, std::string> kUnits[] = {{L"‰", "per mille"},
                                                            {L"mε", "mille-epsilon"},
                                                            {L"με", "micro-epsilon"},
                                                            {L"ε", "epsilon"},
@@ -170,8 +168,8 @@ TEST_F(CsvBuilderTest, StrainUnitsAreWords) {
     units.SetUnitString(Dimension::length, L"mm");
     app.pData()->SetUnits(units);
     const Lines& lines = builder.BuildCaseDetails(0, 0, {}, {});
-    EXPECT_EQ(lines.at(8), std::string("Curvature,") + word + "/mm");
-    EXPECT_EQ(lines.at(12), std::string("Strain,") + word);
+    EXPECT_EQ(lines.at(8), "Curvature," + word + "/mm");
+    EXPECT_EQ(lines.at(12), "Strain," + word);
   }
 }
 

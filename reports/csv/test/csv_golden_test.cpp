@@ -13,124 +13,78 @@
 
 #include "app/test/Column.h"
 #include "model/oxutil/StringFrom.h"
-#include "model/oxutil/text.h"
+#include "model/oxutil/json.h"
 #include "reports/csv/CsvBuilder.h"
 
 namespace Orlix::Velmo {
 namespace {
 
 using Data::Design::CurveKind;
-using Inputs = std::vector<Vec3<double>>;
 
+constexpr const char* kFolder = "reports/csv/test/golden/";
+
+std::string FileText(const std::string& name) {
+  std::ostringstream text;
+  text << std::ifstream(kFolder + name, std::ios::binary).rdbuf();
+  return text.str();
+}
+
+// A report that a file describes, of a column solved for it.
 struct Report {
-  const char* file;
-  CurveKind serviceModel;
-  const char* options;  // those of ULS, ";", those of SLS
-  Inputs inputs;
-  LoadAction action = LoadAction::load;
-  const char* code = "EN 1992-1-1:2004";
-  std::map<Dimension, const wchar_t*> units = {};
+  explicit Report(const Util::JsonValue& json)
+      : file(json["file"].GetString()),
+        model(json.HasMember("model") ? CurveKind{json["model"].GetInt()} : CurveKind::none),
+        cases(json["inputs"].Size()) {
+    Data::CVelmoData& document = *app.pData();
+    AddColumn(document);
+    if (json.HasMember("code")) app.setCodes(json["code"]);
+    if (json.HasMember("units")) app.setUnits(json["units"]);
+    Data::Velmo9::VelmoSection& section = document.getSection(0);
+    Data::Velmo9::AnalysisTask& task = section.Task(0);
+    if (model != CurveKind::none) {
+      document.getMaterials()
+          ->Grade(MatType::concrete, section.Components()[0].MaterialGrade())
+          .SetShape(LoadState::SLS, LoadSign::compression, {.kind = model});
+    }
+    task.SetLimitStates(true, model != CurveKind::none);
+    if (json.HasMember("deformations")) task.SetAction(LoadAction::deformation);
+    for (const auto& v : json["inputs"].GetArray()) {
+      task.addCase({"", {v[0].GetDouble(), v[1].GetDouble(), v[2].GetDouble()}});
+    }
+    app.SolveTask(section, 0);
+    std::iota(cases.begin(), cases.end(), 0);
+    CsvBuilder builder(app);
+    lines = builder.BuildCaseDetails(0, 0, cases, CsvBuilder::GetCsvOptions(json["options"]));
+  }
+
+  VelmoApp app;
+  std::string file;
+  CurveKind model;
+  std::vector<int> cases;
+  std::vector<std::string> lines;
 };
 
-const std::vector<Report>& Reports() {
-  static const std::vector<Report> kReports = {
-      {"loads",
-       CurveKind::linear,
-       "appliedLoad responseDeformation failureLoad failureDeformation ; "
-       "appliedLoad responseDeformation stiffness",
-       {{-1e6, 120e3, 30e3}, {-5e6, 0, 0}, {-1e5, -60e3, 0}, {-2e6, -60e3, 20e3}}},
-      {"deformations",
-       CurveKind::interpolated,
-       "appliedDeformation responseLoad failureDeformation ; "
-       "appliedDeformation responseLoad stiffness",
-       {{-0.0005, 0.004, 0.0005}, {0.0002, 0.002, 0.001}, {-0.001, -0.003, 0.002}},
-       LoadAction::deformation},
-      {"strength_reduction",
-       CurveKind::none,
-       "appliedLoad responseDeformation responseLoad",
-       {{-1e6, 120e3, 30e3}, {-2e5, -90e3, 0}, {0, 40e3, 0}},
-       LoadAction::load,
-       "ACI 318-19"},
-      {"interpolated",
-       CurveKind::interpolated,
-       "stressStrainProfile stressStrainRebar ; responseDeformation stressStrainProfile "
-       "stressStrainRebar interpolatedStrainPlane stiffness",
-       {{-1e5, 60e3, 10e3}}},
-      {"bs8110_tension",
-       CurveKind::bs8110Tension,
-       "; responseDeformation stressStrainRebar stiffness",
-       {{-1e5, 60e3, 10e3}, {-5e5, 5e3, 0}}},
-      {"failed_cases",
-       CurveKind::linear,
-       "failureLoad ; appliedLoad crackResults",
-       {{-1e5, 0, 0}, {-9e6, 0, 0}, {-8e6, 0, 0}, {9e6, 0, 0}, {-2e5, 0, 0}, {8e6, 0, 0}}},
-      {"units",
-       CurveKind::interpolated,
-       "appliedLoad responseDeformation stressStrainRebar ; stiffness",
-       {{-1e6, 120e3, 30e3}},
-       LoadAction::load,
-       "EN 1992-1-1:2004",
-       {{Dimension::force, L"kip"},
-        {Dimension::length, L"ft"},
-        {Dimension::stress, L"ksi"},
-        {Dimension::strain, L"με"}}}};
-  return kReports;
-}
-
-void Prepare(VelmoApp& app, const Report& report) {
-  Data::CVelmoData& document = *app.pData();
-  AddColumn(document);
-  document.SetCodes(cstr(report.code));
-  Data::CUnit units;
-  for (const auto& [dimension, text] : report.units) units.SetUnitString(dimension, text);
-  document.SetUnits(units);
-  Data::Velmo9::VelmoSection& section = document.getSection(0);
-  if (report.serviceModel != CurveKind::none) {
-    document.getMaterials()
-        ->Grade(MatType::concrete, section.Components()[0].MaterialGrade())
-        .SetShape(LoadState::SLS, LoadSign::compression, {.kind = report.serviceModel});
+// Calls use(report) with every report.
+template <class Use>
+void ForEachReport(Use use) {
+  Util::JsonDocument json;
+  std::string error;
+  ASSERT_TRUE(Util::ParseJson(FileText("reports.json"), json, error)) << error;
+  for (const Util::JsonValue& description : json.GetArray()) {
+    Report report(description);
+    SCOPED_TRACE(report.file);
+    use(report);
   }
-  Data::Velmo9::AnalysisTask& task = section.Task(0);
-  task.SetAction(report.action);
-  task.SetLimitStates(true, report.serviceModel != CurveKind::none);
-  for (const Vec3<double>& input : report.inputs) task.addCase({"", input});
-  app.SolveTask(section, 0);
-}
-
-std::vector<int> CasesOf(const Report& report) {
-  std::vector<int> cases(report.inputs.size());
-  std::iota(cases.begin(), cases.end(), 0);
-  return cases;
-}
-
-std::vector<std::string> LinesOf(VelmoApp& app, const Report& report) {
-  Util::JsonDocument json(rapidjson::kArrayType);
-  auto& allocator = json.GetAllocator();
-  std::istringstream names(report.options);
-  int id = 0;
-  for (std::string name; names >> name;) {
-    if (name == ";") id = 50;
-    Util::JsonValue element(rapidjson::kObjectType);
-    element.AddMember("varName", name, allocator).AddMember("id", id, allocator);
-    json.PushBack(element, allocator);
-  }
-  CsvBuilder builder(app);
-  return builder.BuildCaseDetails(0, 0, CasesOf(report), CsvBuilder::GetCsvOptions(json));
 }
 
 TEST(CsvGolden, ReportsAreThoseOfTheFiles) {
-  for (const Report& report : Reports()) {
-    SCOPED_TRACE(report.file);
-    VelmoApp app;
-    Prepare(app, report);
+  ForEachReport([](const Report& report) {
     std::string text;
-    for (const std::string& line : LinesOf(app, report)) text += line + "\n";
-    const std::string name = std::string(report.file) + ".csv";
-    std::ostringstream golden;
-    golden << std::ifstream("reports/csv/test/golden/" + name, std::ios::binary).rdbuf();
-    EXPECT_TRUE(text == golden.str()) << "what was built: " << testing::TempDir() + name;
-    std::ofstream(testing::TempDir() + name, std::ios::binary) << text;
-  }
+    for (const std::string& line : report.lines) text += line + "\n";
+    const std::string built = testing::TempDir() + report.file + ".csv";
+    std::ofstream(built, std::ios::binary) << text;
+    EXPECT_TRUE(text == FileText(report.file + ".csv")) << "what was built: " << built;
+  });
 }
 
 // A field of a row, with what stands above it.
@@ -249,29 +203,26 @@ const Util::JsonValue* ExtremeOf(const Field& field, const Util::JsonValue& reco
 
 TEST(CsvGolden, NumbersAreThoseOfTheJson) {
   std::map<std::string, int> compared;  // by column
-  for (const Report& report : Reports()) {
-    SCOPED_TRACE(report.file);
-    VelmoApp app;
-    Prepare(app, report);
+  ForEachReport([&](Report& report) {
     Util::JsonDocument json;
     std::string message;
-    ASSERT_TRUE(app.GetCaseResults(0, 0, CasesOf(report), json, message, false)) << message;
-    const std::map<std::string, Source> sources = Sources(app.pData()->Units());
-    for (const Field& field : FieldsOf(LinesOf(app, report))) {
+    ASSERT_TRUE(report.app.GetCaseResults(0, 0, report.cases, json, message, false)) << message;
+    const std::map<std::string, Source> sources = Sources(report.app.pData()->Units());
+    for (const Field& field : FieldsOf(report.lines)) {
       const auto source = sources.find(field.column);
       const bool isStress = field.title.find("Stresses") != std::string::npos;
       // The envelopes are over all cases, the JSON's extremes over one.
-      if (source == sources.end() || (isStress && report.inputs.size() > 1)) continue;
+      if (source == sources.end() || (isStress && report.cases.size() > 1)) continue;
       const auto& [key, factor] = source->second;
       const Util::JsonValue& record = json["results"][field.iCase];
-      const auto* number = isStress ? ExtremeOf(field, record, key)
-                                    : NumberOf(field, record, report.serviceModel, key);
+      const auto* number =
+          isStress ? ExtremeOf(field, record, key) : NumberOf(field, record, report.model, key);
       if (number == nullptr || !number->IsNumber() || number->GetDouble() > 1e300) continue;
       EXPECT_EQ(field.text, StringFrom(number->GetDouble() * factor))
           << field.title << ", case " << field.iCase + 1 << ": " << field.column << field.state;
       ++compared[field.column];
     }
-  }
+  });
   EXPECT_EQ(compared.size(), Sources({}).size());  // every column had something to compare
 }
 
