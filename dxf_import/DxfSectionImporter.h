@@ -26,7 +26,8 @@ struct DxfImportResult {
 /// OUTER or 0, voids from LWPOLYLINE and CIRCLE on HOLES, bars from CIRCLE on REBAR.
 ///
 /// Any bytes give a result: whatever is wrong with a drawing is a diagnostic, nothing is thrown for
-/// it. Time and memory grow with the length of the drawing and with nothing that is written in it.
+/// it. Memory grows with the length of the drawing and with nothing that is written in it; so does
+/// time, see OutlineIndex for outlines with very many high edges.
 class DxfSectionImporter {
  public:
   /// Reads the drawing at `path`. When there is none, or it cannot be opened, the result has that

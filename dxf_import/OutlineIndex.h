@@ -19,6 +19,8 @@ bool IsPointInsidePolygon(const Vec2<double>& point, const Polygon& polygon);
 ///
 /// Laws: Contains answers bit for bit as IsPointInsidePolygon: whether an edge counts depends on y
 /// alone, so all that can count are in the point's band, and parity does not depend on their order.
+/// Cost: O(n log n) to build and at most 16 bytes an edge; a point costs the edges of its band,
+/// which are few unless many edges are nearly as high as the outline.
 class OutlineIndex {
  public:
   /// @param polygon  must outlive the index; its coordinates may be anything, NaN and infinity too.
