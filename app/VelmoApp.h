@@ -183,16 +183,6 @@ class VelmoApp {
   /// @return false, with a message, when there are no results
   bool GetCaseResults(int iSec, int iTask, const std::vector<int>& cases, Util::JsonDocument& json,
                       std::string& message, bool solve);
-  /// Strain that the preload of a bar locks in; a tensile preload gives a negative number.
-  double BarPreStrain(const Data::CBar& bar, LoadState state) const;
-
- private:
-  void OpenJson(Util::JsonDocument& json, const std::filesystem::path& path);
-  void AppendUnit(Data::CSecComp& component, const std::wstring& unit) const;
-  void SectionChanged(int iSec);
-  void SectionSolved(int iSec);
-  void MaterialsChanged();
-  bool TaskExists(int iSec, int iTask, std::string& message) const;
 
   // Clipboard: the text goes to the desktop's own program, see Orlix::CopyToClipboard; false when
   // none takes it.
@@ -210,13 +200,23 @@ class VelmoApp {
 
   // Other answers.
 
+  /// Strain that the preload of a bar locks in; a tensile preload gives a negative number.
+  double BarPreStrain(const Data::CBar& bar, LoadState state) const;
 
-  Data::CVelmoData document_;
-};
-
-}  // namespace Orlix
+ private:
+  void OpenJson(Util::JsonDocument& json, const std::filesystem::path& path);
+  void AppendUnit(Data::CSecComp& component, const std::wstring& unit) const;
+  void SectionChanged(int iSec);
+  void SectionSolved(int iSec);
+  void MaterialsChanged();
+  bool TaskExists(int iSec, int iTask, std::string& message) const;
   /// The inputs of a case and, when it is analysed, what `options` want of its results, of the
   /// serviceability states the meaningful ones; nothing when there is no such case.
   std::optional<ClipboardCaseData> BuildClipboardCaseData(
       const Data::Velmo9::AnalysisTask& task, int iSec, int iTask, int iCase,
       const Data::Velmo9::OutputOptions& options) const;
+
+  Data::CVelmoData document_;
+};
+
+}  // namespace Orlix
