@@ -4,8 +4,22 @@
 
 #include "cli/commands.h"
 #include "model/oxutil/text.h"
+#include "model/vldata/document/unit_keys.h"
 
 namespace Orlix::Cli {
+
+namespace {
+
+Dimension DimensionNamed(const std::string& name, const std::string& item) {
+  std::vector<std::string> known;
+  for (const auto& [key, dimension] : Data::kUnitKeys) {
+    if (name == key) return dimension;
+    known.emplace_back(key);
+  }
+  throw CommandError("--units " + item + ": give one of " + Joined(known) + ", as in force=kN");
+}
+
+}  // namespace
 
 std::string Joined(const std::vector<std::string>& words) {
   std::string text;
@@ -33,6 +47,18 @@ void SetCode(VelmoApp& app, const Data::Design::CodeChoice& choice) {
   json.AddMember("concrete", std::string(choice.name), allocator);
   if (!choice.annex.empty()) json.AddMember("annex", std::string(choice.annex), allocator);
   app.setCodes(json);
+}
+
+Data::CUnit UnitsFrom(const std::vector<std::string>& items, Data::CUnit units) {
+  for (const std::string& item : items) {
+    const std::string name = item.substr(0, item.find('='));
+    const std::string label = name == item ? "" : item.substr(name.size() + 1);
+    if (!units.SetUnitString(DimensionNamed(name, item), cstr(label))) {
+      throw CommandError("--units " + item + ": \"" + label + "\" is no unit of " + name +
+                         " that is known; docs/facade-json.md lists them");
+    }
+  }
+  return units;
 }
 
 int FindGrade(const VelmoApp& app, MatType type, const std::string& name,

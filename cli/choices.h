@@ -20,6 +20,11 @@ const Data::Design::CodeChoice& FindCode(const std::string& code, const std::str
 /// Gives the document a code.
 void SetCode(VelmoApp& app, const Data::Design::CodeChoice& choice);
 
+/// Display units with some of them changed.
+/// @param items  "force=kN" and the like
+/// @throws CommandError for one that is no such text; it names the quantities.
+Data::CUnit UnitsFrom(const std::vector<std::string>& items, Data::CUnit units);
+
 /// Index of the grade with a name; without a name the first of the usual ones that is there.
 /// @throws CommandError that lists the grades when there is none.
 int FindGrade(const VelmoApp& app, MatType type, const std::string& name,

@@ -24,6 +24,9 @@ class CommandError : public std::runtime_error {
 // Each adds a subcommand. Parsing the arguments runs the one that was asked for, which sets
 // `exitCode` or throws a CommandError.
 void AddNewCommand(CLI::App& program, int& exitCode);
+void AddSetCommand(CLI::App& program, int& exitCode);
+void AddSectionCommand(CLI::App& program, int& exitCode);
+void AddTaskCommand(CLI::App& program, int& exitCode);
 void AddShowCommand(CLI::App& program, int& exitCode);
 void AddValidateCommand(CLI::App& program, int& exitCode);
 void AddCheckCommand(CLI::App& program, int& exitCode);

@@ -22,6 +22,9 @@ int Run(int argc, char** argv) {
   program.require_subcommand(1);
   int exitCode = Orlix::Cli::kDone;
   Orlix::Cli::AddNewCommand(program, exitCode);
+  Orlix::Cli::AddSetCommand(program, exitCode);
+  Orlix::Cli::AddSectionCommand(program, exitCode);
+  Orlix::Cli::AddTaskCommand(program, exitCode);
   Orlix::Cli::AddShowCommand(program, exitCode);
   Orlix::Cli::AddValidateCommand(program, exitCode);
   Orlix::Cli::AddCheckCommand(program, exitCode);

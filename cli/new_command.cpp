@@ -12,7 +12,6 @@
 #include "cli/option_checks.h"
 #include "cli/templates.h"
 #include "model/oxutil/text.h"
-#include "model/vldata/document/unit_keys.h"
 
 namespace Orlix::Cli {
 
@@ -34,34 +33,12 @@ constexpr const char* kExample = R"(Example:
   velmo new column.json --template rectangle --title "Column A1" --annex UK
   velmo new beam.json --template beam --units force=kip,length=ft,stress=ksi)";
 
-Dimension DimensionNamed(const std::string& name, const std::string& item) {
-  std::vector<std::string> known;
-  for (const auto& [key, dimension] : Data::kUnitKeys) {
-    if (name == key) return dimension;
-    known.emplace_back(key);
-  }
-  throw CommandError("--units " + item + ": give one of " + Joined(known) + ", as in force=kN");
-}
-
-Data::CUnit UnitsFrom(const std::vector<std::string>& items) {
-  Data::CUnit units;
-  for (const std::string& item : items) {
-    const std::string name = item.substr(0, item.find('='));
-    const std::string label = name == item ? "" : item.substr(name.size() + 1);
-    if (!units.SetUnitString(DimensionNamed(name, item), cstr(label))) {
-      throw CommandError("--units " + item + ": \"" + label + "\" is no unit of " + name +
-                         " that is known; docs/facade-json.md lists them");
-    }
-  }
-  return units;
-}
-
 int Run(const Arguments& arguments) {
   if (!arguments.force && std::filesystem::exists(std::filesystem::symlink_status(arguments.out))) {
     throw CommandError(arguments.out + ": is there already; --force replaces it");
   }
   VelmoApp app;
-  app.New(cstr(arguments.title), UnitsFrom(arguments.units));
+  app.New(cstr(arguments.title), UnitsFrom(arguments.units, {}));
   SetCode(app, FindCode(arguments.code, arguments.annex));
   if (!arguments.section.empty()) {
     AddTemplate(

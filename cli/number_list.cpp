@@ -56,6 +56,14 @@ std::vector<int> IndicesFrom(std::string_view text, int count, std::string_view 
   return indices;
 }
 
+int OneIndexFrom(std::string_view text, int count, std::string_view what) {
+  const std::vector<int> indices = IndicesFrom(text, count, what);
+  if (indices.size() != 1) {
+    throw CommandError("\"" + std::string(text) + "\": give one " + std::string(what));
+  }
+  return indices.front();
+}
+
 std::vector<int> ChosenIndices(std::string_view text, int count, std::string_view what) {
   if (!text.empty()) return IndicesFrom(text, count, what);
   std::vector<int> all(static_cast<std::size_t>(count));

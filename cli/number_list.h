@@ -12,7 +12,11 @@ namespace Orlix::Cli {
 /// @throws CommandError when the text is no such list or a number is not within 1 to `count`.
 std::vector<int> IndicesFrom(std::string_view text, int count, std::string_view what);
 
-/// The same; all of them when the text is empty.
+/// The index of the one number that the text is.
+/// @throws CommandError when it is none or not within 1 to `count`.
+int OneIndexFrom(std::string_view text, int count, std::string_view what);
+
+/// As IndicesFrom; all of them when the text is empty.
 std::vector<int> ChosenIndices(std::string_view text, int count, std::string_view what);
 
 }  // namespace Orlix::Cli
