@@ -60,6 +60,7 @@ void VelmoApp::setSection(int iSec, const JsonValue& json) {
   document_.setSection(iSec, json);
   if (!document_.ReadProblems().empty()) return;
   VelmoSection& section = document_.getSection(iSec);
+  generateRebar(section);
   const std::size_t numKept = std::min(before.Tasks().size(), section.Tasks().size());
   for (int i = 0; i < static_cast<int>(numKept); ++i) {
     section.Task(i).SetResults(before.Task(i).Results());
@@ -67,7 +68,11 @@ void VelmoApp::setSection(int iSec, const JsonValue& json) {
   SectionChanged(iSec);  // drops the results of tasks that are not what they were
 }
 
-VelmoSection VelmoApp::section(const JsonValue& json) { return document_.section(json); }
+VelmoSection VelmoApp::section(const JsonValue& json) {
+  VelmoSection section = document_.section(json);
+  generateRebar(section);
+  return section;
+}
 
 void VelmoApp::deleteSection(int iSec) {
   const AnalysisCasePauser pauser(document_.Queue());
