@@ -11,10 +11,10 @@ namespace Orlix::Data {
 /// Bars of a component in words, such as "4B20 bottom cover 40mm"; docs/bar-descriptions.md has the
 /// grammar. What the text says goes before the other members.
 struct BarDescription {
-  OrlixString<wchar_t> text;
-  int grade{-1};                ///< index into the document's reinforcement table; -1: none
-  std::optional<double> cover;  ///< concrete over the links, or over the bars without links [m]
-  std::optional<Preload> preload;
+  OrlixString<wchar_t> text{};
+  int grade{-1};                  ///< index into the document's reinforcement table; -1: none
+  std::optional<double> cover{};  ///< concrete over the links, or over the bars without links [m]
+  std::optional<Preload> preload{};
   friend bool operator==(const BarDescription&, const BarDescription&) = default;
 };
 

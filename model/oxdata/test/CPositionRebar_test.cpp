@@ -4,9 +4,11 @@
 
 #include <algorithm>
 #include <cmath>
+#include <fstream>
 #include <memory>
 #include <numbers>
 #include <random>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -57,7 +59,15 @@ class Described {
   std::string problems;
 
  private:
-  Util::CRebarHelper grades_{std::make_shared<Data::Materials>()};
+  static std::shared_ptr<Data::Materials> Grades() {
+    auto materials = std::make_shared<Data::Materials>();
+    Data::Design::CMatRebar grade;
+    grade.SetName(L"B500A");
+    materials->Add(grade);
+    return materials;
+  }
+
+  Util::CRebarHelper grades_{Grades()};
   Util::CBarHelper sizes_;
   CSection section_;
 };
@@ -234,6 +244,33 @@ TEST(CPositionRebar, ReplacesOnlyWhatDescriptionsMade) {
   described.SetBars(bars);
   described.Generate();
   EXPECT_EQ(described.Bars(), bars);  // as they were
+}
+
+TEST(CPositionRebar, TheExamplesOfThePageAreWhatItSays) {
+  std::ifstream page("docs/bar-descriptions.md");
+  std::string line;
+  while (std::getline(page, line) && line != "## Examples") {
+  }
+  int count = 0;
+  while (std::getline(page, line)) {
+    if (line.substr(0, 3) != "| `") continue;
+    SCOPED_TRACE(line);
+    ++count;
+    std::istringstream cells(line.substr(3));
+    std::string text;
+    std::size_t number = 0;
+    Vec2<double> first;
+    char sign = ' ';
+    std::getline(cells, text, '`');
+    cells >> sign >> number >> sign >> sign >> first.x >> sign >> first.y;
+    const Described described(Rectangle(), {text});
+    EXPECT_EQ(described.problems, "");
+    const std::vector<CBar> bars = described.Bars().bars;
+    ASSERT_EQ(bars.size(), number);
+    EXPECT_NEAR(1000 * bars[0].Position().x, first.x, 1e-9);
+    EXPECT_NEAR(1000 * bars[0].Position().y, first.y, 1e-9);
+  }
+  EXPECT_GT(count, 15);
 }
 
 // A star-shaped polygon about the origin; corners may point inwards.
