@@ -58,17 +58,6 @@ class Exchange(unittest.TestCase):
             self.run_velmo("curve", "column.json", *arguments, *CONCRETE, text=text)
             self.assertEqual(self.run_velmo("solve", "column.json").stdout, want)
 
-    def test_a_refused_curve_leaves_the_document_alone(self):
-        with open(self.path("column.json"), "rb") as file:
-            before = file.read()
-        for text, code, said in (("", 1, "No valid points found"), ("1 20\n2 20\n", 1, "add the line"),
-                                 ("0 0\n-1 -20\n", 1, "positive numbers, strain in ‰")):
-            done = self.run_velmo("curve", "column.json", *CONCRETE, exit_code=code, text=text)
-            self.assertIn(said, done.stderr)
-        self.run_velmo("curve", "column.json", "no such file", *CONCRETE, exit_code=2)
-        with open(self.path("column.json"), "rb") as file:
-            self.assertEqual(file.read(), before)
-
     def test_the_examples_of_the_help_work(self):
         for command in ("curve", "clipboard"):
             text = self.run_velmo(command, "--help").stdout.replace("\\\n", "")

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 #include <rapidjson/document.h>
 
-#include <algorithm>
 #include <cmath>
 #include <filesystem>
 #include <fstream>
@@ -46,16 +45,18 @@ const CMat& First(const CVelmoData& document, MatType type) {
   return document.getMaterials()->Grade(type, 0);
 }
 
+// To the pascal: a conversion rounds.
 std::vector<Vec2<double>> PointsOf(const CMat& material) {
   const auto& table = material.Curve(LoadState::ULS).ExplicitPoints();
   std::vector<Vec2<double>> points;
-  for (std::size_t i = 0; i < table.Rows(); ++i) points.push_back({table(i, 0), table(i, 1) / 1e6});
+  for (std::size_t i = 0; i < table.Rows(); ++i)
+    points.push_back({table(i, 0), std::round(table(i, 1)) / 1e6});
   return points;
 }
 
 TEST(MaterialCurveImporter, KeepsThePointsOfOneSideOrSaysWhyNot) {
   const std::string file = "0,0\r\n0.001,20\r\n0.002,30\r\n";
-  const std::vector<Vec2<double>> three = {{0, 0}, {-0.001, -20}, {-0.002, -30}};
+  const std::vector<Vec2<double>> three = {{-0.002, -30}, {-0.001, -20}, {0, 0}};
   const struct {
     const char* what;
     std::string text;
@@ -74,12 +75,12 @@ TEST(MaterialCurveImporter, KeepsThePointsOfOneSideOrSaysWhyNot) {
        kCompression, "", three},
       {"not finite", "0 0\r\n0.001 20\r\nnan 3\r\n0.001 nan\r\n0.1 1e308\r\ninf 0\r\n0.002 30\r\n",
        kCompression, "", three},
-      {"near the origin", "1e-11 5e-17\r\n0.001 20\r\n", kCompression, "", {{0, 0}, {-0.001, -20}}},
+      {"near the origin", "1e-11 5e-17\r\n0.001 20\r\n", kCompression, "", {{-0.001, -20}, {0, 0}}},
       {"zero stress is kept, at zero strain not",
        "0 0\r\n0 5\r\n0.001 0\r\n",
        kCompression,
        "",
-       {{0, 0}, {-0.001, 0}}},
+       {{-0.001, 0}, {0, 0}}},
       {"no origin", "0.001 20\r\n0.002 30\r\n0.003 40\r\n", kCompression, kNoOrigin, {}},
       {"the origin twice", "0 0\r\n0 0\r\n", kCompression, kTooFew, {}},
       {"a line feed does not split", "0 0\n0.001 20\n", kCompression, kTooFew, {}},
@@ -94,16 +95,10 @@ TEST(MaterialCurveImporter, KeepsThePointsOfOneSideOrSaysWhyNot) {
     const CMat before = First(document, MatType::concrete);
     EXPECT_EQ(Import(document, MatType::concrete, c.sign, c.text), c.error);
     const CMat& material = First(document, MatType::concrete);
-    if (!c.error.empty()) {
+    if (c.error.empty()) {
+      EXPECT_EQ(PointsOf(material), c.points);
+    } else {
       EXPECT_EQ(material, before);
-      continue;
-    }
-    const auto points = PointsOf(material);
-    ASSERT_EQ(points.size(), c.points.size());
-    for (const Vec2<double>& want : c.points) {  // one rounding in a conversion
-      EXPECT_TRUE(std::any_of(points.begin(), points.end(), [&](const Vec2<double>& p) {
-        return p.x == want.x && std::abs(p.y - want.y) < 1e-13;
-      })) << want.x;
     }
   }
 }
