@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "model/vldata/response/results_stamp.h"
 #include "model/vldata/response/stages.h"
 
 namespace Orlix::Cli {
@@ -41,7 +40,7 @@ std::vector<std::string> PrepareTask(VelmoApp& app, int iSec, int iTask) {
   std::vector<std::string> messages;
   Data::Velmo9::VelmoSection& section = app.pData()->getSection(iSec);
   for (const CaseIndex& stage : StagesOf(section, iTask)) {
-    if (HasCurrentResults(*app.pData(), section, stage.iTask, stage.iCase)) continue;
+    if (section.Task(stage.iTask).IsCaseAnalysed(stage.iCase)) continue;
     if (!Check(app, iSec, stage.iTask, messages)) break;
     app.SolveTask(section, stage.iTask);
   }

@@ -165,6 +165,10 @@ std::string LoadTermText(const Data::Velmo9::CreepSettings& creep) {
 // What a task says beyond its cases, each where it has an effect or was set.
 void PrintSettings(const AnalysisTask& task) {
   if (task.ComputesSLS()) std::cout << "  in service: " << LoadTermText(task.Creep()) << '\n';
+  if (const auto& from = task.PreloadFrom()) {
+    std::cout << "  built on the strains of task " << from->task << ", case " << from->iCase
+              << '\n';
+  }
   if (!task.PhiFactors()) return;
   const Data::Velmo9::CustomPhi& phi = *task.PhiFactors();
   std::cout << "  strength reduction of its own: phi " << StringFrom(phi.phiCompression)

@@ -95,7 +95,12 @@ void PrintTitle(const CVelmoData& document, const Job& job, const char* limitSta
   out << "Section " << job.iSec + 1 << quoted(to_string(section.Name())) << ", task "
       << job.iTask + 1 << quoted(task.Name()) << ": " << limitState << " under "
       << (task.Action() == LoadAction::load ? "loads" : "deformations") << ", "
-      << CodeText(document) << "\n\n";
+      << CodeText(document) << '\n';
+  if (const auto& from = task.PreloadFrom()) {
+    out << "Built on task " << from->task << ", case " << from->iCase
+        << ": planes come on top of its strains; loads, strains and stresses are totals\n";
+  }
+  out << '\n';
 }
 
 // The one or two accounts of a task.

@@ -117,14 +117,20 @@ double YieldStrain(const Data::CVelmoData& document, const Data::CBar& bar,
 }
 
 // Nominal squash load P_o [N], positive: everything at the concrete's failure strain. Infinite
-// without concrete, to which the code's cap does not apply.
-double SquashLoad(const CompiledSection& compiled) {
+// without concrete, to which the code's cap does not apply. What is locked in is left out: the cap
+// is that of the section, by whatever stages it came about.
+double SquashLoad(CompiledSection compiled) {
   double limit = 0.0;
   for (const CompiledSection::Region& region : compiled.regions) {
     const Numeric::StressCurve& curve = compiled.curves[static_cast<std::size_t>(region.curve)];
     if (!curve.lowerIsCap) limit = limit == 0.0 ? -curve.lower : std::min(limit, -curve.lower);
   }
   if (limit == 0.0) return std::numeric_limits<double>::infinity();
+  for (CompiledSection::Region& region : compiled.regions) region.locked = {};
+  for (CompiledSection::PointArea& point : compiled.points) {
+    point.strainOffset -= point.lockedOffset;
+    point.lockedOffset = point.displacedOffset = 0.0;
+  }
   return -Numeric::Integrate(compiled, {-limit, 0.0, 0.0}).x;
 }
 

@@ -101,13 +101,25 @@ TEST(Stages, StagesOfOneSectionEndInTheStateOfTheLastLoad) {
   const struct {
     const char* example;
     CurveKind model;
+    bool cracks;
     Vec3<double> loads[3];
   } kCases[] = {
       {"circular-pier",
        CurveKind::interpolated,
+       false,  // the code's cap on the axial force decides
+       {{-8e6, 3e5, 0.0}, {-1.2e7, 2e5, 1e5}, {-1.7e7, 1e5, 0.0}}},
+      {"circular-pier",
+       CurveKind::interpolated,
+       true,
        {{-2e6, 3e5, 0.0}, {-2.5e6, 1.2e6, 3e5}, {-3e6, 2.4e6, -8e5}}},
-      {"beam", CurveKind::interpolated, {{0.0, -2e4, 0.0}, {-5e4, -8e4, 0.0}, {0.0, -1.1e5, 1e4}}},
-      {"beam", CurveKind::bs8110Tension, {{0.0, -2e4, 0.0}, {0.0, -1e5, 1e4}, {0.0, -7e4, 0.0}}},
+      {"beam",
+       CurveKind::interpolated,
+       true,
+       {{0.0, -2e4, 0.0}, {-5e4, -8e4, 0.0}, {0.0, -1.1e5, 1e4}}},
+      {"beam",
+       CurveKind::bs8110Tension,
+       true,
+       {{0.0, -2e4, 0.0}, {0.0, -1e5, 1e4}, {0.0, -7e4, 0.0}}},
   };
   for (const auto& c : kCases) {
     SCOPED_TRACE(c.example);
@@ -130,7 +142,7 @@ TEST(Stages, StagesOfOneSectionEndInTheStateOfTheLastLoad) {
     ASSERT_TRUE(section.Task(4).IsCaseAnalysed(0));
     const auto sls = [&](int i) { return section.Task(i).SLSResult(0, false, true, true); };
     const auto uls = [&](int i) { return section.Task(i).ULSResult(0, true); };
-    EXPECT_GT(sls(0).CrackingUtilisation(), 1.0);  // that the cracked states are compared, too
+    EXPECT_EQ(sls(0).CrackingUtilisation() > 1.0, c.cracks);
     constexpr double kPlane = 1e-9;  // three equilibria to 1e-11 of 1e-3, over cracked stiffness
     for (const int last : {3, 4}) {
       const DetailedIntegrationResult pairs[][2] = {
@@ -149,6 +161,10 @@ TEST(Stages, StagesOfOneSectionEndInTheStateOfTheLastLoad) {
       EXPECT_NEAR(uls(last).LoadUtilisation(), uls(0).LoadUtilisation(), 1e-8);
       EXPECT_NEAR(uls(last).ReductionFactor(), uls(0).ReductionFactor(), 1e-8);
       EXPECT_NEAR(sls(last).CrackingUtilisation(), sls(0).CrackingUtilisation(), 1e-8);
+      const double zeta = sls(0).Response().zeta;
+      if (std::isfinite(zeta)) {
+        EXPECT_NEAR(sls(last).Response().zeta, zeta, 1e-8);
+      }
     }
   }
 }
