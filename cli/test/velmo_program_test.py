@@ -297,6 +297,22 @@ class Velmo(unittest.TestCase):
         self.change(lambda d: d["sections"][0]["components"][0]["bars"][0].update(area=1e308))
         self.assertIn("reinforcement - %", self.run_velmo("show", "a.json").stdout)
 
+    def test_convert_makes_a_document_or_names_what_it_could_not_read(self):
+        examples = os.path.join(os.path.dirname(os.path.abspath(__file__)), "../../examples")
+        with open(os.path.join(examples, "round-column.velmo"), "rb") as file:
+            old = file.read()
+        self.write("old", old)
+        done = self.run_velmo("convert", "old", "-o", "a.json")
+        self.assertIn("bars        22, 21 of them in 2 groups", done.stdout)
+        self.assertEqual(done.stderr, "")
+        self.run_velmo("validate", "a.json")
+        self.run_velmo("check", "a.json")
+        self.run_velmo("convert", "a.json", "-o", "b.json", exit_code=2)
+        self.write("old", old.replace(b"SHAPE", b"FORM").replace(b"FORCE", b"STRENGTH"))
+        done = self.run_velmo("convert", "old", "-o", "b.json", exit_code=2)
+        self.assertIn("could not be read:\nUNITS\nSECTIONS\n  line 14, UNITS: ", done.stderr)
+        self.assertEqual(sorted(os.listdir(self.folder)), ["a.json", "old"])
+
 
 if __name__ == "__main__":
     unittest.main()
