@@ -6,6 +6,7 @@ usage: velmo_report_test.py PATH_OF_VELMO
 import csv
 import json
 import os
+import pathlib
 import resource
 import shutil
 import subprocess
@@ -25,18 +26,15 @@ class Report(unittest.TestCase):
         self.addCleanup(folder.cleanup)
         self.folder = folder.name
         self.run_velmo("new", "a.json", "--template", "rectangle")
-        with open(self.path("a.json")) as file:
-            document = json.load(file)
+        document = json.loads(self.read("a.json"))
         document["sections"][0]["tasks"][0].update(sls=True)
-        with open(self.path("a.json"), "w") as file:
-            json.dump(document, file)
+        pathlib.Path(self.path("a.json")).write_text(json.dumps(document))
 
     def path(self, name):
         return os.path.join(self.folder, name)
 
     def read(self, name):
-        with open(self.path(name), encoding="utf-8", newline="") as file:
-            return file.read()
+        return pathlib.Path(self.path(name)).read_text(encoding="utf-8")
 
     def run_velmo(self, *arguments, exit_code=0, **options):
         done = subprocess.run([VELMO, *arguments], cwd=self.folder, capture_output=True,
@@ -71,8 +69,7 @@ class Report(unittest.TestCase):
         self.assertEqual(os.listdir(self.folder), ["a.json"])
 
     def test_full_disk_leaves_the_old_file(self):
-        with open(self.path("r.csv"), "w") as file:
-            file.write("old")
+        pathlib.Path(self.path("r.csv")).write_text("old")
         done = self.run_velmo(
             "report", "a.json", "-o", "r.csv", exit_code=2, restore_signals=False,
             preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (2000, 2000)))
@@ -100,8 +97,7 @@ class Report(unittest.TestCase):
                 self.assertEqual(cell.get("t") != "s", is_number, text)
                 if is_number:
                     self.assertEqual(float(cell.find(SHEET + "v").text), float(text))
-        with open(self.path("out/r.csv"), encoding="utf-8", newline="") as file:
-            sizes = [len(row) for row in csv.reader(file)]
+        sizes = [len(row) for row in csv.reader(self.read("out/r.csv").splitlines())]
         self.assertEqual(sizes, [max(map(len, rows))] * len(rows))  # rows as wide as the sheet
 
 
