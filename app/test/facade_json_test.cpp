@@ -134,10 +134,27 @@ void CheckTaskData(const Util::JsonDocument& json) {
             "2\t-2000\t0\t0\t-3477.52\t0\t0\n");
 }
 
+void CheckLinks(const Util::JsonDocument& json) {
+  VelmoApp app;
+  Data::CSecComp& component = AddColumn(*app.pData()).Components()[0];
+  component.SetName(L"shaft");
+  Data::Reinforcement reinforcement = component.Concrete().GetReinforcement();
+  reinforcement.links = {.size = 0.01,
+                         .spacing = 0.2,
+                         .legs = 4,
+                         .perimeter = true,
+                         .grade = reinforcement.bars.front().Grade()};
+  component.Concrete().SetReinforcement(reinforcement);
+  Util::JsonDocument got;
+  ExpectAlike(app.SectionLinksToJson(0, got.GetAllocator()), json, "links");
+}
+
 TEST(FacadeJson, EveryInputOfThePageDoesWhatItSays) {
   const std::map<std::string, void (*)(const Util::JsonDocument&)> checks = {
-      {"setTitles", CheckTitles}, {"setUnits", CheckUnits},        {"setCodes", CheckCodes},
-      {"setGrade", CheckGrade},   {"OutputOptions", CheckOptions}, {"CopyTaskData", CheckTaskData},
+      {"setTitles", CheckTitles},         {"setUnits", CheckUnits},
+      {"setCodes", CheckCodes},           {"setGrade", CheckGrade},
+      {"OutputOptions", CheckOptions},    {"CopyTaskData", CheckTaskData},
+      {"SectionLinksToJson", CheckLinks},
   };
   std::size_t inputs = 0;
   for (const auto& [name, text] : Examples()) {
