@@ -15,7 +15,9 @@ using Util::BarSystem;
 
 constexpr int kMost = CBarInput::kMostBars;
 constexpr int kMostBundled = 4;
-constexpr double kFurthest = 1e6;  // [m]
+constexpr double kFurthest = 1e6;      // [m]
+constexpr double kShortest = 1e-6;     // [m]; less is nothing
+constexpr double kMostPreload = 1e15;  // [Pa] or [N]; more is a slip, and no number to print
 
 }  // namespace
 
@@ -234,7 +236,7 @@ bool BarParser::ReadLength(std::optional<double>& length, bool zeroAllowed) {
   const std::optional<double> unit = scanner_.TakeUnit(Dimension::sectionDimensions);
   if (!unit) hasBareLength_ = true;
   length = *number / unit.value_or(perMetre_);
-  const bool isUsable = zeroAllowed ? *length >= 0.0 : *length > 0.0;
+  const bool isUsable = zeroAllowed ? *length >= 0.0 : *length >= kShortest;
   if (!isUsable || !(*length <= kFurthest)) {
     return FailAt(start, zeroAllowed ? L"a length that is not negative" : L"a positive length");
   }
@@ -306,7 +308,8 @@ bool BarParser::ReadPreload() {
   for (const auto& [dimension, kind] : kPreloadUnits) {
     if (const auto unit = scanner_.TakeUnit(dimension)) {
       info_.preload = Preload{kind, *number / *unit};
-      return std::isfinite(info_.preload->value) ? true : FailAt(start, L"a smaller number");
+      const bool isUsable = std::abs(info_.preload->value) <= kMostPreload;
+      return isUsable ? true : FailAt(start, L"a smaller number");
     }
   }
   return Fail(L"a unit of stress, force or strain, such as MPa, kN or \u2030");

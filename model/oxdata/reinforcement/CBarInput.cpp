@@ -2,6 +2,8 @@
 
 #include "model/oxdata/reinforcement/BarParser.h"
 #include "model/oxdata/reinforcement/bar_text.h"
+#include "model/oxutil/CUnit.h"
+#include "model/oxutil/Enumerations.h"
 
 namespace Orlix::Data {
 
@@ -36,13 +38,13 @@ int CBarInput::Grade(int given) const {
 
 std::wstring DescriptionWithUnit(const std::wstring& description, const std::wstring& unit,
                                  const Util::CRebarHelper& grades, const Util::CBarHelper& sizes) {
-  const auto read = [&](const std::wstring& text) {
-    return CBarInput(OrlixString<wchar_t>(std::wstring_view(text)), grades, sizes, 1.0);
-  };
-  const CBarInput input = read(description);
+  CUnit units;
+  const OrlixString<wchar_t> unitText{std::wstring_view(unit)};
+  if (!units.SetUnitString(Dimension::sectionDimensions, unitText)) return description;
+  const CBarInput input(OrlixString<wchar_t>(std::wstring_view(description)), grades, sizes,
+                        1.0 / units.Conversion(Dimension::sectionDimensions));
   if (!input.IsDescriptionValid() || !input.HasLengthWithoutUnit()) return description;
-  const std::wstring longer = description + L" [" + unit + L"]";
-  return read(longer).IsDescriptionValid() ? longer : description;
+  return description + L" [" + unit + L"]";
 }
 
 }  // namespace Orlix::Data

@@ -58,7 +58,7 @@ class CBarInput {
 };
 
 /// A description with a unit for the lengths that have none: "B16@150" gives "B16@150 [mm]". One
-/// that needs no unit, or is not valid, comes back as it is.
+/// that needs no unit, or is not valid in it, comes back as it is.
 std::wstring DescriptionWithUnit(const std::wstring& description, const std::wstring& unit,
                                  const Util::CRebarHelper& grades, const Util::CBarHelper& sizes);
 
