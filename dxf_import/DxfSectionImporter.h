@@ -27,7 +27,7 @@ struct DxfImportResult {
 ///
 /// Any bytes give a result: whatever is wrong with a drawing is a diagnostic, nothing is thrown for
 /// it. Memory grows with the length of the drawing and with nothing that is written in it; so does
-/// time, see OutlineIndex for outlines with very many high edges.
+/// time, see ArePointsInsidePolygon for outlines with very many high edges.
 class DxfSectionImporter {
  public:
   /// Reads the drawing at `path`. When there is none, or it cannot be opened, the result has that

@@ -8,7 +8,7 @@
 #include <utility>
 
 #include "dxf_import/DxfImportMessages.h"
-#include "dxf_import/OutlineIndex.h"
+#include "dxf_import/point_in_polygon.h"
 #include "model/oxutil/Format.h"
 
 namespace Orlix::dxf_import {
@@ -31,17 +31,24 @@ struct OutsideTexts {
 
 Vec2<double> InPlane(const Vec3<double>& point) { return {point.x, point.y}; }
 
-// About as many points as there will be to ask for.
-std::size_t PointsOf(const SectionGeometry& geometry) {
-  std::size_t points = geometry.circularHoles.size() + geometry.rebars.size();
-  for (const Polygon& hole : geometry.holes) points += hole.vertices.size();
+// All points that have to be inside, in the order in which they are looked at.
+std::vector<Vec2<double>> PointsOf(const SectionGeometry& geometry) {
+  std::vector<Vec2<double>> points;
+  for (const Polygon& hole : geometry.holes) {
+    for (const Vec3<double>& vertex : hole.vertices) points.push_back(InPlane(vertex));
+  }
+  points.reserve(points.size() + geometry.circularHoles.size() + geometry.rebars.size());
+  for (const auto* circles : {&geometry.circularHoles, &geometry.rebars}) {
+    for (const Circle& circle : *circles) points.push_back(InPlane(circle.center));
+  }
   return points;
 }
 
 class Validation {
  public:
   explicit Validation(const SectionGeometry& geometry)
-      : geometry_(geometry), outline_(geometry.outer, PointsOf(geometry)) {}
+      : geometry_(geometry),
+        isInside_(ArePointsInsidePolygon(PointsOf(geometry), geometry.outer)) {}
 
   std::vector<DxfDiagnostic> Run() {
     ValidatePolygonShape(geometry_.outer, kOuter);
@@ -80,12 +87,12 @@ class Validation {
   }
 
   void ValidateHolePolygons() {
-    const auto isOutside = [this](const Vec3<double>& v) { return !outline_.Contains(InPlane(v)); };
     for (const Polygon& hole : geometry_.holes) {
+      const auto begin = nextPoint_;
+      nextPoint_ += static_cast<std::ptrdiff_t>(hole.vertices.size());
       if (hole.vertices.empty()) continue;
       ValidatePolygonShape(hole, kHoles);
-      if (!geometry_.outer.closed) continue;
-      if (std::any_of(hole.vertices.begin(), hole.vertices.end(), isOutside)) {
+      if (geometry_.outer.closed && std::find(begin, nextPoint_, false) != nextPoint_) {
         Fail(kPolyline, kHoles, std::string(Messages::kHoleOutside), Messages::kHoleOutsideHint);
       }
     }
@@ -100,14 +107,16 @@ class Validation {
       if (z > kPlanarZ) {
         Fail(kCircle, layer, Format(Messages::kCircleNotPlanar, z), Messages::kNotPlanarHint);
       }
-      if (testsContainment && !outline_.Contains(InPlane(circle.center))) {
+      const bool isInside = *nextPoint_++;
+      if (testsContainment && !isInside) {
         Fail(kCircle, layer, std::string(outside.message), outside.hint);
       }
     }
   }
 
   const SectionGeometry& geometry_;
-  OutlineIndex outline_;
+  std::vector<bool> isInside_;  ///< for PointsOf the section
+  std::vector<bool>::const_iterator nextPoint_ = isInside_.begin();
   std::vector<DxfDiagnostic> diagnostics_;
 };
 

@@ -8,7 +8,7 @@
 #include <string>
 
 #include "dxf_import/DxfSectionImporter.h"
-#include "dxf_import/OutlineIndex.h"
+#include "dxf_import/point_in_polygon.h"
 
 namespace Orlix::dxf_import {
 namespace {
