@@ -110,14 +110,13 @@ class TasksReader {
   // The numbers of components in the fields of a record.
   std::set<int> ReadComponents() {
     std::set<int> components;
-    if (context_.MayLackSections()) {
+    if (section_ < 0) {
+      // What the section is has been asked in vain, and nothing can be said of its components.
       while (record_.HasField()) record_.OptionalText();
       return components;
     }
-    const bool hasSection = section_ >= 0;
-    const int last = hasSection ? NumComponents() : 0;
-    while (hasSection && record_.HasField() && record_.IsSound()) {
-      const int component = record_.Index("number of a component", last);
+    while (record_.HasField() && record_.IsSound()) {
+      const int component = record_.Index("number of a component", NumComponents());
       if (component >= 0 && !components.insert(component).second) {
         record_.Problem("names a component twice");
       }
