@@ -49,6 +49,12 @@ std::string UnitText::SquaredValue(double value, Dimension dimension) const {
   return std::isfinite(shown) ? StringFrom(shown) : kNotCalculated;
 }
 
+std::string UnitText::FourthPowerValue(double value, Dimension dimension) const {
+  const double factor = units_.Conversion(dimension);
+  const double shown = value * factor * factor * factor * factor;
+  return std::isfinite(shown) ? StringFrom(shown) : kNotCalculated;
+}
+
 std::string UnitText::Unit(Dimension dimension) const {
   return to_string(units_.UnitString(dimension));
 }

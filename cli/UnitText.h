@@ -19,6 +19,8 @@ class UnitText {
   std::string Value(double value, Dimension dimension) const;
   /// As Value, for a quantity of that dimension squared, e.g. an area.
   std::string SquaredValue(double value, Dimension dimension) const;
+  /// As Value, for a second moment of area of a length.
+  std::string FourthPowerValue(double value, Dimension dimension) const;
   /// The unit, e.g. "kNm".
   std::string Unit(Dimension dimension) const;
 

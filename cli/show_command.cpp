@@ -12,6 +12,7 @@
 #include "cli/documents.h"
 #include "cli/option_checks.h"
 #include "cli/printable.h"
+#include "cli/property_tables.h"
 #include "model/oxutil/StringFrom.h"
 #include "model/oxutil/text.h"
 
@@ -27,7 +28,10 @@ namespace {
 
 constexpr const char* kExample = R"(Example:
   velmo show column.json
-A case waits until it is solved; documents on disk hold inputs alone, so after reading all wait.)";
+A case waits until it is solved; documents on disk hold inputs alone, so after reading all wait.
+Gross properties count overlapping components once; net ones leave out the concrete that bars lie
+in. Transformed ones are of what a task includes, uncracked, in terms of the concrete's modulus: in
+the long term it is E / (1 + creep coefficient). Axes are angles from y towards z.)";
 
 void PrintHeading(const CVelmoData& document) {
   const Data::CTitles& titles = document.Titles();
@@ -138,12 +142,6 @@ void PrintComponents(const CVelmoData& document, const VelmoSection& section) {
   table.Print(std::cout);
 }
 
-int Waiting(const AnalysisTask& task) {
-  int waiting = 0;
-  for (int i = 0; i < task.NumCases(); ++i) waiting += task.IsCaseAnalysed(i) ? 0 : 1;
-  return waiting;
-}
-
 const char* LimitStates(const AnalysisTask& task) {
   if (task.ComputesULS()) return task.ComputesSLS() ? "ULS and SLS" : "ULS";
   return task.ComputesSLS() ? "SLS" : "no limit state";
@@ -176,14 +174,15 @@ void PrintSettings(const AnalysisTask& task) {
             << StringFrom(phi.phiTension) << " from " << StringFrom(phi.tensionStrain) << " on\n";
 }
 
-void PrintTasks(const VelmoSection& section) {
+void PrintTasks(const CVelmoData& document, int iSec) {
   int number = 0;
-  for (const AnalysisTask& task : section.Tasks()) {
+  for (const AnalysisTask& task : document.Section(iSec).Tasks()) {
+    const auto waiting = document.Queue().NumCases(iSec, number);
     std::cout << "Task " << ++number;
     if (!task.Name().empty()) std::cout << " \"" << Printable(task.Name()) << '"';
     std::cout << ": " << LimitStates(task) << ", "
               << (task.Action() == LoadAction::load ? "loads" : "deformations") << ", "
-              << task.NumCases() << (task.NumCases() == 1 ? " case, " : " cases, ") << Waiting(task)
+              << task.NumCases() << (task.NumCases() == 1 ? " case, " : " cases, ") << waiting
               << " waiting to be solved\n";
     PrintSettings(task);
   }
@@ -211,7 +210,9 @@ int Run(const std::string& path) {
     }
     std::cout << '\n';
     if (!section.Components().empty()) PrintComponents(document, section);
-    PrintTasks(section);
+    PrintProperties(document, section, std::cout);
+    if (!section.Tasks().empty()) std::cout << '\n';
+    PrintTasks(document, number - 1);
   }
   if (number == 0) std::cout << "\nNo sections\n";
   return kDone;
