@@ -294,7 +294,7 @@ class Velmo(unittest.TestCase):
         shown = self.run_velmo("show", "a.json").stdout
         for text in ["Viaduct", "EN 1992-1-1:2004", "C30/37", "B500B", "box", "2 waiting"]:
             self.assertIn(text, shown)
-        self.change(lambda d: d["sections"][0]["components"][0]["bars"][0].update(area=1e308))
+        self.change(lambda d: d["sections"][0]["components"][0]["bars"].append({"area": 1e308}))
         self.assertIn("reinforcement - %", self.run_velmo("show", "a.json").stdout)
 
     def test_convert_makes_a_document_or_names_what_it_could_not_read(self):
