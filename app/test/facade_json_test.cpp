@@ -110,6 +110,32 @@ void CheckGrade(const Util::JsonDocument& json) {
   EXPECT_DOUBLE_EQ(materials.Grade(MatType::concrete, grade).DesignStrength(), 20e6);
 }
 
+void CheckSection(const Util::JsonDocument& json) {
+  VelmoApp app;
+  AddColumn(*app.pData());
+  app.setSection(0, json);
+  EXPECT_TRUE(app.pData()->ReadProblems().empty());
+  const Data::Velmo9::VelmoSection& section = app.pData()->Section(0);
+  EXPECT_EQ(section.Name(), L"Wall");
+  EXPECT_EQ(section.Components().front().Concrete().Bars().size(), 1U);
+  EXPECT_EQ(section.Task(0).Cases().front().input, (Vec3<double>{-5e5, 8e4, 0.0}));
+  EXPECT_EQ(app.pData()->Queue().NumCases(0, 0), 1);
+
+  const std::wstring before = app.fileString(false);
+  const JsonValue wrong(3);
+  app.setSection(0, wrong);
+  EXPECT_FALSE(app.pData()->ReadProblems().empty());
+  EXPECT_EQ(app.fileString(false), before);
+}
+
+void CheckProperties(const Util::JsonDocument& json) {
+  VelmoApp app;
+  AddColumn(*app.pData());
+  Util::JsonDocument got;
+  ExpectAlike(app.sectionProperties(0, got.GetAllocator()), json, "properties");
+  EXPECT_NEAR(app.rebarPercentage(0), json["rebarPercentage"].GetDouble(), 1e-9);
+}
+
 void CheckOptions(const Util::JsonDocument& json) {
   const Data::Velmo9::OutputOptions options{static_cast<const JsonValue&>(json)};
   EXPECT_TRUE(options.uls.utilisations && options.uls.deformationAtFailure);
@@ -153,6 +179,7 @@ TEST(FacadeJson, EveryInputOfThePageDoesWhatItSays) {
   const std::map<std::string, void (*)(const Util::JsonDocument&)> checks = {
       {"setTitles", CheckTitles},         {"setUnits", CheckUnits},
       {"setCodes", CheckCodes},           {"setGrade", CheckGrade},
+      {"setSection", CheckSection},       {"sectionProperties", CheckProperties},
       {"OutputOptions", CheckOptions},    {"CopyTaskData", CheckTaskData},
       {"SectionLinksToJson", CheckLinks},
   };
