@@ -12,6 +12,7 @@
 #include "cli/option_checks.h"
 #include "cli/prepare_task.h"
 #include "cli/printable.h"
+#include "model/vldata/response/bar_problems.h"
 
 namespace Orlix::Cli {
 
@@ -33,14 +34,17 @@ first, in memory; the task that is checked is not. Exit status 1 when there is a
 // What keeps a section and tasks of it from being solved, each message once.
 std::vector<std::string> MessagesOf(VelmoApp& app, int iSec, const std::vector<int>& tasks) {
   std::vector<std::string> messages;
-  if (tasks.empty()) app.preSolutionChecksPassed(messages, iSec);
-  for (const int iTask : tasks) {
-    for (std::string& message : PrepareTask(app, iSec, iTask)) {
+  const auto add = [&](std::vector<std::string> more) {
+    for (std::string& message : more) {
       if (std::find(messages.begin(), messages.end(), message) == messages.end()) {
         messages.push_back(std::move(message));
       }
     }
-  }
+  };
+  if (tasks.empty()) app.preSolutionChecksPassed(messages, iSec);
+  for (const int iTask : tasks) add(PrepareTask(app, iSec, iTask));
+  // Where a bar description goes wrong, which the checks of a section sum up.
+  add(Data::Velmo9::DescriptionProblems(*app.pData(), app.pData()->Section(iSec)));
   return messages;
 }
 
