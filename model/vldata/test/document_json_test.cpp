@@ -94,10 +94,14 @@ constexpr const char* kEverything = R"({
              "bars": [
                 {"y": 0.5, "z": 0.25, "diameter": 0.02, "grade": "r", "preload": {"kind": "stress", "value": 1e8}},
                 {"y": 0.6, "z": 0.25, "area": 3e-4, "grade": "r", "preload": {"kind": "force", "value": 1e5}},
-                {"y": 0.7, "z": -0.0, "diameter": 0.02, "area": 3e-4, "preload": {"kind": "strain", "value": 1e-3}}]},
+                {"y": 0.7, "z": -0.0, "diameter": 0.02, "area": 3e-4, "preload": {"kind": "strain", "value": 1e-3}}],
+             "barDescriptions": [
+                {"text": "2B20 edge 1 polygon 1", "grade": "r", "cover": 0.06, "preload": {"kind": "force", "value": 1234}},
+                {"text": "no ünderstandable \"text\""}],
+             "links": {"size": 0.011, "spacing": 0.22, "legs": 3, "perimeter": false, "grade": "r"}},
             {"name": "box", "material": "steel", "grade": "s", "geometry": {"shape": "box", "width": 1,
              "depth": 2, "flangeThickness": 0.2, "webThickness": 0.3, "bottomThickness": 0.1,
-             "centre": [5, -7], "rotation": 0.1}},
+             "centre": [5, -7], "rotation": 0.1, "description": "1 x 2"}},
             {"name": "strip", "material": "FRP", "grade": "f", "geometry": {"shape": "trapezoid",
              "width": 1, "depth": 0.1, "bottomWidth": 0.5}},
             {"name": "bare"}],
@@ -133,7 +137,8 @@ TEST(Document, WhatIsWrittenReadsBackToTheSameText) {
       "\"deductDisplacedConcrete\": false|\"loadTerm\": \"intermediate\"|\"longTermShare\": 0.55|"
       "\"compressionStrain\": 0.0021|\"tensionStrain\": 0.0049|\"phiCompression\": 0.61|"
       "\"phiTension\": 0.89|\"task\": -7|\"case\": 3|\"barsAddedLater\": [\n|\"confinement\": "
-      "\"spiral\"");
+      "\"spiral\"|\"cover\": 0.06|\"value\": 1234.0|no ünderstandable|\"size\": 0.011|"
+      "\"spacing\": 0.22|\"legs\": 3|\"perimeter\": false|\"description\": \"1 x 2\"");
   for (std::string part; std::getline(parts, part, '|');) {
     EXPECT_NE(written.find(part), std::string::npos) << part;
   }
@@ -204,6 +209,16 @@ TEST(Document, SaysWhatItCouldNotTakeOver) {
        "sections[1].components[1].bars[1].diameter: 0, a positive number\n"},
       {R"("sections": [{"components": [{"material": "concrete", "bars": [{}]}]}])",
        "sections[1].components[1].bars[1].area: nothing, an area or a diameter\n"},
+      {R"("sections": [{"components": [{"material": "FRP", "links": {}, "barDescriptions": []}]}])",
+       "sections[1].components[1].barDescriptions: an array of 0, barDescriptions in a component "
+       "of concrete alone\n"
+       "sections[1].components[1].links: an object, links in a component of concrete alone\n"},
+      {R"("sections": [{"components": [{"material": "concrete", "barDescriptions": [{"cover": -1}],
+           "links": {"legs": 1.5}}]}])",
+       "sections[1].components[1].barDescriptions[1].text: nothing, a bar description\n"
+       "sections[1].components[1].barDescriptions[1].cover: -1, a number that is not negative\n"
+       "sections[1].components[1].links.size: nothing, a diameter\n"
+       "sections[1].components[1].links.legs: 1.5, a whole number of legs up to 1000\n"},
       {R"("sections": [{"components": [{"geometry": {"shape": "star"}}]}])",
        "sections[1].components[1].geometry.shape: \"star\", the name of a shape, such as "
        "\"rectangle\" or \"polygon\"\n"},
