@@ -76,13 +76,8 @@ bool ComponentReader::Read() {
   const std::string_view keyword = record_.Keyword();
   if (keyword == "SHAPE") {
     ReadShape();
-  } else if (keyword == "OUTLINE") {
-    polygons_.emplace_back();
-    isHole_ = false;
-  } else if (keyword == "HOLE") {
-    isHole_ = !polygons_.empty();
-    if (isHole_) polygons_.back().holes.emplace_back();
-    if (!isHole_) record_.Problem("stands before the first OUTLINE");
+  } else if (keyword == "OUTLINE" || keyword == "HOLE") {
+    ReadRing(keyword == "HOLE");
   } else if (keyword == "VERTEX") {
     ReadVertex();
   } else if (keyword == "LINKS") {
@@ -114,6 +109,18 @@ void ComponentReader::ReadShape() {
   const double rotation = record_.NumberAttribute("rotation").value_or(0.0);
   if (component_.Geometry().Kind() != ShapeKind::none) record_.Problem("is a second shape");
   component_.SetGeometry(CSecGeom(*kind, dimensions, centre, rotation));
+}
+
+void ComponentReader::ReadRing(bool isHole) {
+  if (isHole && polygons_.empty()) {
+    record_.Problem("stands before the first OUTLINE");
+  } else if (++numRings_ > kMaxRings) {
+    record_.Problem("is one outline or hole too many: at most " + std::to_string(kMaxRings));
+  } else {
+    if (isHole) polygons_.back().holes.emplace_back();
+    if (!isHole) polygons_.emplace_back();
+    isHole_ = isHole;
+  }
 }
 
 void ComponentReader::ReadVertex() {

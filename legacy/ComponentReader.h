@@ -26,12 +26,14 @@ class ComponentReader {
  private:
   void SetGrade(MatType type, const std::string& name);
   void ReadShape();
+  void ReadRing(bool isHole);
   void ReadVertex();
   void ReadLinks();
 
   RecordReader& record_;
   Context& context_;
   std::size_t carriedPoints_{};  // of all components up to now
+  std::size_t numRings_{};       // the same
   bool isOpen_{};
   Data::CSecComp component_;
   std::vector<Data::SectionPolygon> polygons_;

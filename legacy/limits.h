@@ -11,6 +11,7 @@ inline constexpr std::size_t kMaxPoints = 10000;      ///< of a curve
 inline constexpr std::size_t kMaxSections = 10000;    ///< in the file
 inline constexpr std::size_t kMaxComponents = 20000;  ///< in the file
 inline constexpr std::size_t kMaxTasks = 20000;       ///< in the file
+inline constexpr std::size_t kMaxRings = 100000;      ///< outlines and holes, in the file
 inline constexpr int kMaxGroups = 50000;              ///< of bars, in the file
 /// Points of explicit curves, each counted once for every component made of its grade.
 inline constexpr std::size_t kMaxCarriedPoints = 1000000;
