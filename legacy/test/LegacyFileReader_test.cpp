@@ -293,6 +293,14 @@ TEST_F(LegacyFile, ReadsWhatStandsThere) {
   EXPECT_EQ(task.Cases().at(0).input.y, 0.002);
 }
 
+TEST_F(LegacyFile, TheExampleOfThePageIsRead) {
+  std::string example = FileText("docs/older-format.md");
+  example.erase(0, example.find("```\n", example.find("## Example")) + 4);
+  EXPECT_EQ(Read(example.substr(0, example.find("```"))), "");
+  EXPECT_TRUE(reader.Warnings().empty());
+  EXPECT_EQ(document.Section(0).Tasks().at(0).NumCases(), 2);
+}
+
 TEST_F(LegacyFile, GradesOfTheFileMoveIntoTheTablesUnderAFreeName) {
   ASSERT_EQ(Read(SmallFile()), "");
   ASSERT_TRUE(document.IsMigrationOfGradesRequired());
