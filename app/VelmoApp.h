@@ -207,6 +207,7 @@ class VelmoApp {
   void OpenJson(Util::JsonDocument& json, const std::filesystem::path& path);
   void AppendUnit(Data::CSecComp& component, const std::wstring& unit) const;
   void SectionChanged(int iSec);
+  void DropOutdated(int iSec);
   void SectionSolved(int iSec);
   void MaterialsChanged();
   bool TaskExists(int iSec, int iTask, std::string& message) const;

@@ -105,7 +105,7 @@ bool VelmoApp::GetCaseResults(int iSec, int iTask, const std::vector<int>& cases
   if (!TaskExists(iSec, iTask, message)) return false;
   VelmoSection& section = document_.getSection(iSec);
   AnalysisTask& task = section.Task(iTask);
-  DropOutdatedResults(document_, section);
+  DropOutdated(iSec);
   if (solve || FirstUnsolved(task, cases) != cases.end()) {
     VelmoSection copy = section;
     SolveTask(copy, iTask);

@@ -155,6 +155,18 @@ void VelmoApp::SectionChanged(int iSec) {
   document_.RequeueLastAnalysedCases(iSec, 0);
 }
 
+// What a section is made of may have changed: cases that lose their results wait.
+void VelmoApp::DropOutdated(int iSec) {
+  VelmoSection& section = document_.getSection(iSec);
+  const auto numWithResults = [&] {
+    return std::count_if(section.Tasks().begin(), section.Tasks().end(),
+                         [](const AnalysisTask& task) { return task.Results() != nullptr; });
+  };
+  const auto before = numWithResults();
+  DropOutdatedResults(document_, section);
+  if (numWithResults() != before) document_.UpdateAnalysisQueue(iSec);
+}
+
 // Results of a task came in: what was built on earlier ones goes.
 void VelmoApp::SectionSolved(int iSec) {
   DropOutdatedResults(document_, document_.getSection(iSec));
@@ -162,7 +174,7 @@ void VelmoApp::SectionSolved(int iSec) {
 }
 
 void VelmoApp::MaterialsChanged() {
-  for (int i = 0; i < document_.NumSections(); ++i) SectionSolved(i);
+  for (int i = 0; i < document_.NumSections(); ++i) DropOutdated(i);
 }
 
 }  // namespace Orlix

@@ -94,8 +94,8 @@ class CVelmoData : public CModelData {
   void RequeueLastAnalysedCases(int iSec);
   /// The same of a task and of those behind it in its section.
   void RequeueLastAnalysedCases(int iSec, int iTask);
-  /// Brings the queue up to date with the results of a section: puts the cases without results on
-  /// it and takes those with results off; none while a pauser holds.
+  /// Brings the queue up to date with the results of a section: the cases without results are put
+  /// on it, those with results are taken off, none of them while a pauser holds.
   /// @throws std::out_of_range for no such section.
   void UpdateAnalysisQueue(int iSec);
 

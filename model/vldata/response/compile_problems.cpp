@@ -5,6 +5,7 @@
 #include <set>
 #include <utility>
 
+#include "model/oxdata/section/component_overlay.h"
 #include "model/vldata/response/CompileMessages.h"
 #include "model/vldata/response/SectionCompiler.h"
 #include "model/vldata/response/bar_problems.h"
@@ -15,11 +16,9 @@ namespace {
 
 namespace Messages = CompileMessages;
 
-// Beyond this a coordinate [m] is a slip of the units, and its fourth power no number to reckon by.
-constexpr double kFurthest = 1e6;
-
 bool IsPlace(Vec2<double> p) {
-  return std::abs(p.x) <= kFurthest && std::abs(p.y) <= kFurthest;  // false for NaN
+  // False for NaN.
+  return std::abs(p.x) <= kFurthestCoordinate && std::abs(p.y) <= kFurthestCoordinate;
 }
 
 bool IsFiniteSegment(const Numeric::CSegment& s) {
