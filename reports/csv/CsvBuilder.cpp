@@ -73,6 +73,25 @@ void ForEachRecord(const VelmoApp& app, int iSec, int iTask, std::span<const int
   }
 }
 
+// Leaves point results, by far the largest part of a record, out of what a builder asks for while
+// its report does not show them. Everything is asked for again behind it.
+class WithoutUnshownPoints {
+ public:
+  WithoutUnshownPoints(OutputOptions& wanted, const CsvOptions& shown) : wanted_(wanted) {
+    wanted.uls.pointResults = shown.uls.stressStrainProfile || shown.uls.stressStrainRebar;
+    wanted.sls.pointResults = shown.sls.stressStrainProfile || shown.sls.stressStrainRebar;
+  }
+  WithoutUnshownPoints(const WithoutUnshownPoints&) = delete;
+  WithoutUnshownPoints& operator=(const WithoutUnshownPoints&) = delete;
+  ~WithoutUnshownPoints() {
+    wanted_.uls.pointResults = true;
+    wanted_.sls.pointResults = true;
+  }
+
+ private:
+  OutputOptions& wanted_;
+};
+
 }  // namespace
 
 CsvBuilder::CsvBuilder(VelmoApp& app) : app_(app), wanted_(true), row_(app.pData()->Units()) {}
@@ -142,8 +161,7 @@ const std::vector<std::string>& CsvBuilder::BuildCaseDetails(int iSec, int iTask
   bs8110TensionModel_ = HasBS8110TensionModel(iSec);
   strengthReduction_ = document.concreteCode().IsStrengthReduction();
   row_ = CsvRow(document.Units());
-  wanted_.uls.pointResults = options.uls.stressStrainProfile || options.uls.stressStrainRebar;
-  wanted_.sls.pointResults = options.sls.stressStrainProfile || options.sls.stressStrainRebar;
+  const WithoutUnshownPoints scope(wanted_, options);
 
   const UlsList uls = GenerateULSResults(iSec, iTask, cases);
   SlsList sls;

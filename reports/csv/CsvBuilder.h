@@ -65,9 +65,8 @@ class CsvBuilder {
   CsvBuilder& operator=(const CsvBuilder&) = delete;
   CsvBuilder& operator=(CsvBuilder&&) = delete;
 
-  /// The ULS records of cases, in their order, with every output on; but point results only where
-  /// the report being built, or the last one, shows them. In a task that does not compute ULS no
-  /// case fails.
+  /// The ULS records of cases, in their order, with every output on; but while a report is built
+  /// point results only where it shows them. In a task that does not compute ULS no case fails.
   virtual std::vector<ULSCaseInformation> GenerateULSResults(int iSec, int iTask,
                                                              const std::vector<int>& cases);
   /// The SLS records of those cases whose ULS record has the status true; the others become the
@@ -171,7 +170,7 @@ class CsvBuilder {
   std::int32_t taskKind_{1};               ///< of the chosen task: 0 deformations, 1 loads
   std::vector<std::int64_t> failedCases_;  ///< from one; of the last report with SLS tables
   bool strengthReduction_{};
-  Data::Velmo9::OutputOptions wanted_;  ///< of the application
+  Data::Velmo9::OutputOptions wanted_;  ///< of the application; all but while a report is built
   CsvRow row_;                          ///< the line that is being written
 };
 

@@ -154,6 +154,8 @@ TEST_F(CsvBuilderTest, ServiceabilityTasksHaveServiceabilityTables) {
   options.sls.appliedLoad = true;
   EXPECT_EQ(real.BuildCaseDetails(0, 0, {0}, options).back(), "1,1,1,-500,5,0");
   EXPECT_EQ(real.BuildCaseDetails(0, 0, {7}, options).back(), "8,");  // there is no such case
+  const auto records = real.GenerateSLSResults(0, 0, {0}, real.GenerateULSResults(0, 0, {0}));
+  EXPECT_FALSE(records.at(0).details.pointResults.empty());  // though the report shows none
 }
 
 TEST_F(CsvBuilderTest, StrainUnitsAreWords) {
