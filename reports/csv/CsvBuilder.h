@@ -99,8 +99,7 @@ class CsvBuilder {
   /// @throws std::out_of_range for no such section.
   bool HasBS8110TensionModel(int iSec) const;
 
- protected:
-  // What tables are made of.
+  // What tables are made of; a derived builder may add its own.
 
   /// Appends a blank line and the heading between two rules.
   void AddSideHeading(const std::string& heading);
