@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "model/oxdata/codes/CrackWidthRule.h"
 #include "model/oxdata/materials/CMat.h"
 #include "model/oxdata/reinforcement/CBarHelper.h"
 
@@ -51,7 +52,7 @@ struct CConcCodeData {
   std::vector<CMat> steels;               ///< standard grades of structural steel
   /// Strength-reduction (phi) factors instead of partial factors; nothing: partial factors.
   std::optional<StrengthReductionRule> strengthReduction;
-  bool crackWidths{};                                  ///< crack widths are computed
+  std::optional<CrackWidthRule> crackWidth;            ///< nothing: the code has no crack widths
   Util::BarSystem barSystem{Util::BarSystem::metric};  ///< bar sizes usual where the code applies
 };
 
@@ -65,7 +66,7 @@ class CConcCode {
   const CConcCodeData& Data() const { return *data_; }
   std::shared_ptr<const CConcCodeData> DataPointer() const { return data_; }
   bool IsStrengthReduction() const { return data_->strengthReduction.has_value(); }
-  bool IsCrackWidthCode() const { return data_->crackWidths; }
+  bool IsCrackWidthCode() const { return data_->crackWidth.has_value(); }
 
  private:
   std::shared_ptr<const CConcCodeData> data_;

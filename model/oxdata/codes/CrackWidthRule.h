@@ -1,0 +1,15 @@
+#pragma once
+
+#include <variant>
+
+#include "model/oxdata/codes/bs8110/crack_width.h"
+#include "model/oxdata/codes/en1992/crack_width.h"
+
+namespace Orlix::Data::Design {
+
+/// How a code computes crack widths: from the bars with the concrete around them (EN 1992-1-1,
+/// 7.3.4) or from the strain of the surface and its distance from the bars (BS 8110-2, 3.8.3), each
+/// with the numbers that the code at hand has.
+using CrackWidthRule = std::variant<En1992::CrackWidthParameters, Bs8110::CrackWidthParameters>;
+
+}  // namespace Orlix::Data::Design
