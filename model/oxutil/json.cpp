@@ -1,7 +1,6 @@
 #include "model/oxutil/json.h"
 
 #include <rapidjson/prettywriter.h>
-#include <rapidjson/stringbuffer.h>
 
 #include <algorithm>
 #include <array>
@@ -33,11 +32,34 @@ void RequireDepth(const JsonValue& value) {
   if (!NestedWithin(value, kMaxJsonDepth)) throw std::length_error("JSON value nested too deep");
 }
 
+// Where the writer puts its bytes. Line ends stand only between the lines of a JSON text, never
+// within its strings.
+struct TextStream {
+  using Ch = char;
+
+  void Put(char c) {
+    text.push_back(c);
+    if (c == '\n') text.append(margin);
+  }
+  void Flush() {}
+
+  std::string& text;
+  std::string_view margin;
+};
+
+// The indentation of a line; found by the writer instead of its own loop.
+void PutN(TextStream& stream, char c, std::size_t count) { stream.text.append(count, c); }
+
+bool IsPlain(std::string_view text) {
+  return std::all_of(text.begin(), text.end(),
+                     [](char c) { return c >= ' ' && c <= '~' && c != '"' && c != '\\'; });
+}
+
 // The stock writer stops in mid-text at a non-finite number, has shortest digits only most of the
 // time, and passes on bytes that are no UTF-8.
-class Writer : public rapidjson::PrettyWriter<rapidjson::StringBuffer> {
+class Writer : public rapidjson::PrettyWriter<TextStream> {
  public:
-  explicit Writer(rapidjson::StringBuffer& buffer) : PrettyWriter(buffer) { SetIndent(' ', 4); }
+  explicit Writer(TextStream& stream) : PrettyWriter(stream) { SetIndent(' ', 4); }
 
   bool Double(double value) {
     if (!std::isfinite(value)) return Null();
@@ -48,11 +70,17 @@ class Writer : public rapidjson::PrettyWriter<rapidjson::StringBuffer> {
       *end++ = '.';  // so that it stays a double when it is read back
       *end++ = '0';
     }
-    return RawValue(digits.data(), static_cast<std::size_t>(end - digits.data()),
-                    rapidjson::kNumberType);
+    PrettyPrefix(rapidjson::kNumberType);
+    os_->text.append(digits.data(), end);
+    return true;
   }
 
   bool String(const char* text, rapidjson::SizeType size, bool) {
+    if (IsPlain({text, size})) {
+      PrettyPrefix(rapidjson::kStringType);
+      os_->text.append(1, '"').append(text, size).append(1, '"');
+      return true;
+    }
     const std::string valid = ValidUtf8({text, size});
     return PrettyWriter::String(valid.data(), static_cast<rapidjson::SizeType>(valid.size()), true);
   }
@@ -65,11 +93,16 @@ class Writer : public rapidjson::PrettyWriter<rapidjson::StringBuffer> {
 }  // namespace
 
 std::string PrettyJson(const JsonValue& value) {
+  std::string text;
+  AppendPrettyJson(value, {}, text);
+  return text;
+}
+
+void AppendPrettyJson(const JsonValue& value, std::string_view margin, std::string& text) {
   RequireDepth(value);
-  rapidjson::StringBuffer buffer;
-  Writer writer(buffer);
+  TextStream stream{text, margin};
+  Writer writer(stream);
   value.Accept(writer);
-  return {buffer.GetString(), buffer.GetSize()};
 }
 
 JsonValue CopyJson(const JsonValue& value, JsonAllocator& allocator) {

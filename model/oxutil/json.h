@@ -31,6 +31,10 @@ bool ParseJson(std::istream& stream, JsonDocument& document, std::string& error)
 /// @throws std::length_error when `value` is nested deeper than kMaxJsonDepth.
 std::string PrettyJson(const JsonValue& value);
 
+/// Appends the text of PrettyJson, with `margin` behind every line end in it.
+/// @throws std::length_error as PrettyJson; then nothing is appended.
+void AppendPrettyJson(const JsonValue& value, std::string_view margin, std::string& text);
+
 /// @return a deep copy of `value` in `allocator`; only texts that `value` merely refers to
 /// (literals) are shared.
 /// @throws std::length_error when `value` is nested deeper than kMaxJsonDepth.
