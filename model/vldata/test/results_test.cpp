@@ -71,6 +71,20 @@ TEST(AnalysisTask, ACaseHasResultsWhileItsInputIsTheSolvedOne) {
   EXPECT_THROW(task.SetCaseInput(-1, {}), std::out_of_range);
 }
 
+TEST(AnalysisTask, CopiesShareTheirCasesUntilOneChanges) {
+  AnalysisTask task;
+  task.addCase({"a", {1.0, 2.0, 3.0}});
+  AnalysisTask copy = task;
+  EXPECT_EQ(copy.Cases().data(), task.Cases().data());
+  copy.SetCaseInput(0, {4.0, 5.0, 6.0});
+  copy.addCase();
+  EXPECT_EQ(task.NumCases(), 1);
+  EXPECT_EQ(task.Cases()[0].input, (Vec3<double>{1.0, 2.0, 3.0}));
+  EXPECT_EQ(copy.Cases()[0].input, (Vec3<double>{4.0, 5.0, 6.0}));
+  const AnalysisTask moved = std::move(copy);
+  EXPECT_EQ(moved.NumCases(), 2);
+}
+
 TEST(AnalysisTask, ACaseHasResultsWhenEveryLimitStateHasThem) {
   CVelmoData document = SolvedDocument();
   AnalysisTask& task = document.getSection(0).Task(0);
