@@ -19,6 +19,9 @@
 namespace Orlix {
 
 struct ClipboardCaseData;
+namespace VlSol {
+struct SolveOptions;
+}
 
 /// The one object a front end holds: it owns a document and offers every command on it. Indices of
 /// sections, tasks and cases count from zero, a negative one is out of range; numbers in messages
@@ -157,6 +160,10 @@ class VelmoApp {
   /// Solves all cases of a task of a section of the document, which takes them off the queue, or of
   /// a copy of one.
   void SolveTask(Data::Velmo9::VelmoSection& section, int iTask);
+  /// As above, and tells of the progress.
+  /// @return false when the options stopped it; then the task has no results
+  bool SolveTask(Data::Velmo9::VelmoSection& section, int iTask,
+                 const VlSol::SolveOptions& options);
   /// Appends the records of cases in the order of `cases`; an index that is no case has the default
   /// record, as has a limit state that the task does not compute; a case that is not solved, or was
   /// before the model changed, counts as failed.

@@ -7,60 +7,36 @@
 #include <iterator>
 
 #include "app/AppMessages.h"
+#include "app/CaseRecorder.h"
 #include "app/VelmoApp.h"
+#include "app/current_results.h"
 #include "app/model_indices.h"
 #include "app/sls_record.h"
 #include "app/uls_record.h"
 #include "model/oxutil/ForEachCase.h"
 #include "model/vldata/response/results_stamp.h"
 #include "model/vlsol/Solver.h"
-#include "reports/case_json/CaseResultsJsonBuilder.h"
 
 namespace Orlix {
 
 using Data::Velmo9::AnalysisTask;
 using Data::Velmo9::DropOutdatedResults;
 using Data::Velmo9::OutputOptions;
-using Data::Velmo9::ResultsStamp;
 using Data::Velmo9::VelmoSection;
 using Util::JsonValue;
 
-namespace {
-
-// The first of `cases` that is a case of the task and has no result; the end when all have.
-std::vector<int>::const_iterator FirstUnsolved(const AnalysisTask& task,
-                                               const std::vector<int>& cases) {
-  if (!task.ComputesULS() && !task.ComputesSLS()) return cases.end();
-  return std::find_if(cases.begin(), cases.end(), [&](int iCase) {
-    return HasCase(task, iCase) && !task.IsCaseAnalysed(iCase);
-  });
-}
-
-// Calls use(section) with a section of the document whose task has no results of an earlier model.
-template <class Use>
-auto WithCurrentResults(const Data::CVelmoData& document, int iSec, int iTask, Use use) {
-  const VelmoSection& section = document.Section(iSec);
-  const auto& solved = section.Task(iTask).Results();
-  if (!solved || solved->stamp == ResultsStamp(document, section, iTask)) return use(section);
-  VelmoSection current = section;
-  DropOutdatedResults(document, current);
-  return use(current);
-}
-
-}  // namespace
-
 bool VelmoApp::TaskExists(int iSec, int iTask, std::string& message) const {
-  if (HasTask(document_, iSec, iTask)) return true;
-  message = HasSection(document_, iSec) ? AppMessages::InvalidTask(iSec, iTask)
-                                        : AppMessages::InvalidSection(iSec);
-  return false;
+  return Orlix::TaskExists(document_, iSec, iTask, message);
 }
 
-void VelmoApp::SolveTask(VelmoSection& section, int iTask) {
-  VlSol::Solver::SolveTask(document_, section, iTask);
+void VelmoApp::SolveTask(VelmoSection& section, int iTask) { SolveTask(section, iTask, {}); }
+
+bool VelmoApp::SolveTask(VelmoSection& section, int iTask, const VlSol::SolveOptions& options) {
+  const bool isComplete = VlSol::Solver::SolveTask(document_, section, iTask, options);
   for (int i = 0; i < document_.NumSections(); ++i) {
     if (&document_.getSection(i) == &section) SectionSolved(i);
   }
+  return isComplete;
 }
 
 bool VelmoApp::CompileCaseResults(int iSec, int iTask, const std::vector<int>& cases,
@@ -69,12 +45,12 @@ bool VelmoApp::CompileCaseResults(int iSec, int iTask, const std::vector<int>& c
   if (!TaskExists(iSec, iTask, message)) return false;
   VelmoSection section = document_.Section(iSec);
   DropOutdatedResults(document_, section);
+  const CaseRecorder recorder(document_, section, iSec, iTask);
   std::vector<CaseRecords> slots(cases.size());
   ForEachCase(std::ssize(cases), [&](std::ptrdiff_t i) {
     CaseRecords& slot = slots[static_cast<std::size_t>(i)];
     slot.first = cases[static_cast<std::size_t>(i)];
-    slot.second.first = UlsRecord(document_, section, iTask, slot.first, options.uls, true);
-    slot.second.second = SlsRecord(document_, section, iSec, iTask, slot.first, options.sls, true);
+    slot.second = recorder.Record(slot.first, options);
   });
   results.insert(results.end(), std::make_move_iterator(slots.begin()),
                  std::make_move_iterator(slots.end()));
@@ -106,37 +82,30 @@ bool VelmoApp::GetCaseResults(int iSec, int iTask, const std::vector<int>& cases
   VelmoSection& section = document_.getSection(iSec);
   AnalysisTask& task = section.Task(iTask);
   DropOutdated(iSec);
-  if (solve || FirstUnsolved(task, cases) != cases.end()) {
+  if (solve || FirstUnsolved(task, cases)) {
     VelmoSection copy = section;
     SolveTask(copy, iTask);
     task.SetResults(copy.Task(iTask).Results());
     SectionSolved(iSec);
   }
-  if (const auto unsolved = FirstUnsolved(task, cases); unsolved != cases.end()) {
+  if (const auto unsolved = FirstUnsolved(task, cases)) {
     message = AppMessages::NoCaseResults(*unsolved);
     return false;
   }
   std::vector<CaseRecords> records;
-  if (!CompileCaseResults(iSec, iTask, cases, message, records, OutputOptions(true))) return false;
+  if (!CompileCaseResults(iSec, iTask, cases, message, records, CaseRecorder::JsonOptions())) {
+    return false;
+  }
 
   Util::JsonAllocator& allocator = json.GetAllocator();
-  const CaseResultsJsonBuilder builder(document_.concreteCode(), allocator,
-                                       section.hasConcreteComponent(iTask));
+  const CaseRecorder recorder(document_, section, iSec, iTask);
   JsonValue results(rapidjson::kArrayType);
   for (std::size_t i = 0; i < cases.size(); ++i) {
     if (i >= records.size() || records[i].first != cases[i]) {
       message = AppMessages::NoCaseResults(cases[i]);
       return false;
     }
-    JsonValue object(rapidjson::kObjectType);
-    object.AddMember("iCase", cases[i], allocator);
-    if (task.ComputesULS()) {
-      builder.AddUlsCaseResultsToJson(object, records[i].second.first, task.Action());
-    }
-    if (task.ComputesSLS()) {
-      builder.AddSlsCaseResultsToJson(object, records[i].second.second, task.Action());
-    }
-    results.PushBack(object, allocator);
+    results.PushBack(recorder.ToJson(cases[i], records[i].second, allocator), allocator);
   }
   json.AddMember("iSec", iSec, allocator);
   json.AddMember("iTask", iTask, allocator);

@@ -5,7 +5,6 @@
 
 #include "app/model_indices.h"
 #include "model/vlsol/CInterpolateStrain.h"
-#include "results/StressStrainCalculator.h"
 
 namespace Orlix {
 
@@ -67,7 +66,8 @@ void DropUnwanted(CaseSLSDetails& record, const SlsOutputOptions& options) {
 }  // namespace
 
 CaseSLSDetails SlsRecord(const CVelmoData& document, const VelmoSection& section, int iSec,
-                         int iTask, int iCase, const SlsOutputOptions& options, bool withPoints) {
+                         int iTask, int iCase, const SlsOutputOptions& options, bool withPoints,
+                         const StressStrainCalculator& calculator) {
   CaseSLSDetails record;
   const AnalysisTask& task = section.Task(iTask);
   if (!options.IsOutputWanted() || !task.ComputesSLS() || !HasCase(task, iCase)) return record;
@@ -96,12 +96,17 @@ CaseSLSDetails SlsRecord(const CVelmoData& document, const VelmoSection& section
   DropUnwanted(record, options);
   record.resultKind = record.cracked ? SlsResultKind::cracked : SlsResultKind::uncracked;
   if (record.hasCrackWidth) record.crackWidth = result.CrackWidth();
-  const StressStrainCalculator calculator(document);
   if (withPoints && options.pointResults) {
     calculator.AddSlsPointResults(iSec, iTask, response, record);
   }
   calculator.ComputeSlsSummary(iSec, iTask, response, record);
   return record;
+}
+
+CaseSLSDetails SlsRecord(const CVelmoData& document, const VelmoSection& section, int iSec,
+                         int iTask, int iCase, const SlsOutputOptions& options, bool withPoints) {
+  return SlsRecord(document, section, iSec, iTask, iCase, options, withPoints,
+                   StressStrainCalculator(document));
 }
 
 VelmoLoad CarriedLoad(const CaseSLSDetails& record) {

@@ -3,7 +3,6 @@
 #include <cstddef>
 
 #include "app/model_indices.h"
-#include "results/StressStrainCalculator.h"
 
 namespace Orlix {
 
@@ -51,7 +50,8 @@ void PopulateUtilisations(CaseULSDetails& record, const AnalysisTask& task, cons
 }  // namespace
 
 CaseULSDetails UlsRecord(const CVelmoData& document, const VelmoSection& section, int iTask,
-                         int iCase, const UlsOutputOptions& options, bool withPoints) {
+                         int iCase, const UlsOutputOptions& options, bool withPoints,
+                         const StressStrainCalculator& calculator) {
   CaseULSDetails record;
   const AnalysisTask& task = section.Task(iTask);
   if (!options.IsOutputWanted() || !task.ComputesULS() || !HasCase(task, iCase)) return record;
@@ -64,13 +64,18 @@ CaseULSDetails UlsRecord(const CVelmoData& document, const VelmoSection& section
   if (options.loadAtFailure) record.loadAtFailure = result.LoadAtFailure();
   if (options.deformationAtFailure) record.deformationAtFailure = result.DeformationAtFailure();
   if (carried) {
-    const StressStrainCalculator calculator(document);
     if (withPoints && options.pointResults) {
       calculator.AddUlsPointResults(section, record, result.Response(), task);
     }
     calculator.ComputeUlsSummary(section, record, result.Response(), task);
   }
   return record;
+}
+
+CaseULSDetails UlsRecord(const CVelmoData& document, const VelmoSection& section, int iTask,
+                         int iCase, const UlsOutputOptions& options, bool withPoints) {
+  return UlsRecord(document, section, iTask, iCase, options, withPoints,
+                   StressStrainCalculator(document));
 }
 
 }  // namespace Orlix

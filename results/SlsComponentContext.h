@@ -1,9 +1,8 @@
 #pragma once
 
-#include "model/oxdata/section/CSecComp.h"
-#include "model/vldata/document/AnalysisTask.h"
 #include "model/vldata/records/DetailedIntegrationResult.h"
 #include "model/vldata/records/SlsResponse.h"
+#include "results/TaskSamples.h"
 
 namespace Orlix {
 
@@ -12,10 +11,8 @@ namespace Orlix {
 struct SlsComponentContext {
   using ComponentDetails = Data::Velmo9::DetailedIntegrationResult::ComponentDetails;
 
-  const Data::CSecComp& component;
+  const TaskSamples::Component& component;
   const Data::Velmo9::SlsResponse& response;
-  const Data::Velmo9::AnalysisTask& task;
-  int componentIndex{};
   const ComponentDetails& uncracked;  ///< empty details when the response has none of this state
   const ComponentDetails& cracked;
   bool calculateCracked{};  ///< whether the cracked state of the task's materials is of its own

@@ -1,16 +1,15 @@
 #pragma once
 
-#include <utility>
+#include <memory>
 
 #include "model/oxnumeric/Vec.h"
-#include "model/oxutil/Enumerations.h"
-#include "model/oxutil/OrlixString.h"
 #include "model/vldata/document/CVelmoData.h"
 #include "model/vldata/records/CaseSLSDetails.h"
 #include "model/vldata/records/CaseULSDetails.h"
 #include "model/vldata/records/Deformation.h"
 #include "model/vldata/records/DetailedIntegrationResult.h"
 #include "model/vldata/records/SlsResponse.h"
+#include "results/TaskSamples.h"
 
 namespace Orlix {
 
@@ -24,6 +23,12 @@ class StressStrainCalculator {
 
   /// @param document  gives the grades; must outlive the calculator
   explicit StressStrainCalculator(const Data::CVelmoData& document) : document_(document) {}
+  /// For the cases of one task of one section alone (a copy of the section counts as the same),
+  /// whose outlines and bars are looked up once.
+  /// @param section, task  must outlive the calculator and stay as they are
+  StressStrainCalculator(const Data::CVelmoData& document,
+                         const Data::Velmo9::VelmoSection& section,
+                         const Data::Velmo9::AnalysisTask& task);
 
   /// Appends a record for every outline vertex and every bar of the components that the task
   /// includes to the lists of `record`, by component index. The strains are those of the
@@ -68,14 +73,18 @@ class StressStrainCalculator {
   static double Stress(const Data::Design::CMatCurveParam& curve, double strain);
 
  private:
-  using GradeAndType = std::pair<OrlixString<wchar_t>, OrlixString<wchar_t>>;
+  using Component = TaskSamples::Component;
+  using Bar = TaskSamples::Bar;
 
-  /// Calls onPoint(component, gradeAndType, position, strain, stress) and
-  /// onBar(component, number, bar, strain, stress) for every sample, components in index order.
+  std::shared_ptr<const TaskSamples> SamplesOf(const Data::Velmo9::VelmoSection& section,
+                                               const Data::Velmo9::AnalysisTask& task) const;
+
+  /// Calls onPoint(component, position, strain, stress) and onBar(component, bar, strain, stress)
+  /// for every sample, components in index order.
   template <class OnPoint, class OnBar>
-  void VisitUls(const Data::Velmo9::VelmoSection& section,
-                const Data::Velmo9::DetailedIntegrationResult& result,
-                const Data::Velmo9::AnalysisTask& task, OnPoint onPoint, OnBar onBar) const;
+  static void VisitUls(const TaskSamples& samples,
+                       const Data::Velmo9::DetailedIntegrationResult& result, OnPoint onPoint,
+                       OnBar onBar);
 
   /// Strain and stress [Pa] in one serviceability state.
   struct SlsSample {
@@ -90,27 +99,28 @@ class StressStrainCalculator {
   /// Calls onPoint(position, uncracked, cracked); a state that is not calculated has no sample.
   template <class OnPoint>
   static void VisitSlsPoints(const SlsComponentContext& context, OnPoint onPoint);
-  /// Calls onBar(bar, steel, uncracked, cracked), likewise.
+  /// Calls onBar(bar, uncracked, cracked), likewise.
   template <class OnBar>
-  void VisitSlsBars(const SlsComponentContext& context, OnBar onBar) const;
+  static void VisitSlsBars(const SlsComponentContext& context, OnBar onBar);
 
   bool ShouldCalculateCracked(const Data::Velmo9::VelmoSection& section, int iTask) const;
-  void AddSlsComponentPointResults(const SlsComponentContext& context,
-                                   Data::Velmo9::CaseSLSDetails& record) const;
-  void AddSlsComponentBarResults(const SlsComponentContext& context,
-                                 Data::Velmo9::CaseSLSDetails& record) const;
+  static void AddSlsComponentPointResults(const SlsComponentContext& context,
+                                          Data::Velmo9::CaseSLSDetails& record);
+  static void AddSlsComponentBarResults(const SlsComponentContext& context,
+                                        Data::Velmo9::CaseSLSDetails& record);
   static void UpdateSlsConcreteSummary(const SlsComponentContext& context,
                                        Data::Velmo9::SlsStressStrainSummary& summary);
-  void UpdateSlsRebarSummary(const SlsComponentContext& context,
-                             Data::Velmo9::SlsStressStrainSummary& summary) const;
+  static void UpdateSlsRebarSummary(const SlsComponentContext& context,
+                                    Data::Velmo9::SlsStressStrainSummary& summary);
 
-  double BarStrainWithPrestrain(const Data::CBar& bar, const Data::Velmo9::Deformation& deformation,
-                                LoadState state, const Data::Velmo9::AnalysisTask& task,
-                                int component, const ComponentDetails& details) const;
-  double BarPreStrain(const Data::CBar& bar, LoadState state) const;
-  GradeAndType GetGradeAndType(int grade, MatType type) const;
+  static double PointStrain(const Data::Velmo9::Deformation& deformation, Vec2<double> point,
+                            const Component& component, const ComponentDetails& details);
+  static double BarStrain(const Data::Velmo9::Deformation& deformation, const Bar& bar,
+                          double preStrain, const Component& component,
+                          const ComponentDetails& details);
 
   const Data::CVelmoData& document_;
+  std::shared_ptr<const LazyTaskSamples> shared_;  // null: looked up for every case
 };
 
 }  // namespace Orlix

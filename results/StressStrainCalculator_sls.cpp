@@ -10,11 +10,7 @@
 
 namespace Orlix {
 
-using Data::CBar;
-using Data::CSecComp;
-using Data::Design::CMatRebar;
 using Data::Design::CurveKind;
-using Data::Velmo9::AnalysisTask;
 using Data::Velmo9::BarSLSResult;
 using Data::Velmo9::CaseSLSDetails;
 using Data::Velmo9::DetailedIntegrationResult;
@@ -28,15 +24,13 @@ void StressStrainCalculator::VisitSls(int iSec, int iTask, const SlsResponse& re
                                       OnComponent onComponent) const {
   static const ComponentDetails kNoDetails;
   const VelmoSection& section = document_.Section(iSec);
-  const AnalysisTask& task = section.Task(iTask);
   const bool calculateCracked = ShouldCalculateCracked(section, iTask);
-  int index = -1;
-  for (const CSecComp& component : section.Components()) {
-    if (!task.IncludesComponent(++index)) continue;
-    const ComponentDetails& cracked = At(response.cracked.Components(), index);
-    const auto uncracked = response.uncracked.Components().find(index);
+  const std::shared_ptr<const TaskSamples> samples = SamplesOf(section, section.Task(iTask));
+  for (const TaskSamples::Component& component : samples->components) {
+    const ComponentDetails& cracked = At(response.cracked.Components(), component.index);
+    const auto uncracked = response.uncracked.Components().find(component.index);
     const bool hasUncracked = uncracked != response.uncracked.Components().end();
-    onComponent(SlsComponentContext{component, response, task, index,
+    onComponent(SlsComponentContext{component, response,
                                     hasUncracked ? uncracked->second : kNoDetails, cracked,
                                     calculateCracked});
   }
@@ -44,43 +38,35 @@ void StressStrainCalculator::VisitSls(int iSec, int iTask, const SlsResponse& re
 
 template <class OnPoint>
 void StressStrainCalculator::VisitSlsPoints(const SlsComponentContext& context, OnPoint onPoint) {
-  const int index = context.componentIndex;
+  const int index = context.component.index;
   const bool hasUncracked = context.response.uncracked.Components().contains(index);
   const bool hasCracked =
       context.calculateCracked && context.response.cracked.Components().contains(index);
   const auto at = [&](Vec2<double> point, const DetailedIntegrationResult& state,
                       const ComponentDetails& details) {
-    const double strain =
-        PointStrainWithPrestrain(state.Deformation(), point, context.task, index, details);
+    const double strain = PointStrain(state.Deformation(), point, context.component, details);
     return std::optional<SlsSample>({strain, Stress(details.curve, strain)});
   };
-  for (const Data::SectionPolygon& polygon : context.component.Geometry().Polygons(0.0)) {
-    for (const Vec2<double>& vertex : polygon.outline) {
-      onPoint(
-          vertex,
-          hasUncracked ? at(vertex, context.response.uncracked, context.uncracked) : std::nullopt,
-          hasCracked ? at(vertex, context.response.cracked, context.cracked) : std::nullopt);
-    }
+  for (const Vec2<double>& vertex : context.component.vertices) {
+    onPoint(vertex,
+            hasUncracked ? at(vertex, context.response.uncracked, context.uncracked) : std::nullopt,
+            hasCracked ? at(vertex, context.response.cracked, context.cracked) : std::nullopt);
   }
 }
 
 template <class OnBar>
-void StressStrainCalculator::VisitSlsBars(const SlsComponentContext& context, OnBar onBar) const {
-  if (!context.component.ConcreteExist()) return;
-  const auto at = [&](const CBar& bar, const CMatRebar& steel,
-                      const DetailedIntegrationResult& state, const ComponentDetails& details) {
-    const double strain = BarStrainWithPrestrain(bar, state.Deformation(), LoadState::SLS,
-                                                 context.task, context.componentIndex, details);
-    return std::optional<SlsSample>({strain, Stress(steel.Curve(LoadState::SLS), strain)});
+void StressStrainCalculator::VisitSlsBars(const SlsComponentContext& context, OnBar onBar) {
+  const auto at = [&](const Bar& bar, const DetailedIntegrationResult& state,
+                      const ComponentDetails& details) {
+    const double strain =
+        BarStrain(state.Deformation(), bar, bar.slsPreStrain, context.component, details);
+    return std::optional<SlsSample>({strain, Stress(bar.steel->Curve(LoadState::SLS), strain)});
   };
   const bool hasUncracked = context.uncracked.barResultsValid;
   const bool hasCracked = context.calculateCracked && context.cracked.barResultsValid;
-  for (const CBar& bar : context.component.Concrete().Bars()) {
-    const CMatRebar& steel = document_.ReinforcementMaterial(bar.Grade());
-    onBar(
-        bar, steel,
-        hasUncracked ? at(bar, steel, context.response.uncracked, context.uncracked) : std::nullopt,
-        hasCracked ? at(bar, steel, context.response.cracked, context.cracked) : std::nullopt);
+  for (const Bar& bar : context.component.bars) {
+    onBar(bar, hasUncracked ? at(bar, context.response.uncracked, context.uncracked) : std::nullopt,
+          hasCracked ? at(bar, context.response.cracked, context.cracked) : std::nullopt);
   }
 }
 
@@ -111,16 +97,14 @@ bool StressStrainCalculator::ShouldCalculateCracked(const VelmoSection& section,
 }
 
 void StressStrainCalculator::AddSlsComponentPointResults(const SlsComponentContext& context,
-                                                         CaseSLSDetails& record) const {
-  const GradeAndType material =
-      GetGradeAndType(context.component.MaterialGrade(), context.component.MaterialType());
+                                                         CaseSLSDetails& record) {
   std::vector<PointSLSResult> points;
   VisitSlsPoints(context, [&](Vec2<double> position, const std::optional<SlsSample>& uncracked,
                               const std::optional<SlsSample>& cracked) {
     PointSLSResult& point = points.emplace_back();
     point.position = position;
-    point.grade = material.first;
-    point.materialType = material.second;
+    point.grade = context.component.grade;
+    point.materialType = context.component.materialType;
     if (uncracked) {
       point.strainUncracked = uncracked->strain;
       point.stressUncracked = uncracked->stress;
@@ -130,21 +114,21 @@ void StressStrainCalculator::AddSlsComponentPointResults(const SlsComponentConte
       point.stressCracked = cracked->stress;
     }
   });
-  record.pointResults[context.componentIndex] = std::move(points);
+  record.pointResults[context.component.index] = std::move(points);
 }
 
 void StressStrainCalculator::AddSlsComponentBarResults(const SlsComponentContext& context,
-                                                       CaseSLSDetails& record) const {
-  if (!context.component.ConcreteExist()) return;
+                                                       CaseSLSDetails& record) {
+  if (!context.component.hasConcrete) return;
   std::vector<BarSLSResult> bars;
-  VisitSlsBars(context, [&](const CBar& bar, const CMatRebar& steel,
-                            const std::optional<SlsSample>& uncracked,
+  VisitSlsBars(context, [&](const Bar& sample, const std::optional<SlsSample>& uncracked,
                             const std::optional<SlsSample>& cracked) {
+    const Data::CBar& bar = *sample.bar;
     const int number = static_cast<int>(bars.size());
     BarSLSResult& result = bars.emplace_back();
     result.number = number;
     result.position = bar.Position();
-    result.grade = steel.Name();
+    result.grade = sample.steel->Name();
     if (uncracked) {
       result.strainUncracked = uncracked->strain;
       result.stressUncracked = uncracked->stress;
@@ -156,7 +140,7 @@ void StressStrainCalculator::AddSlsComponentBarResults(const SlsComponentContext
       result.forceCracked = cracked->stress * bar.Area();
     }
   });
-  record.barResults[context.componentIndex] = std::move(bars);
+  record.barResults[context.component.index] = std::move(bars);
 }
 
 void StressStrainCalculator::UpdateSlsConcreteSummary(const SlsComponentContext& context,
@@ -169,13 +153,12 @@ void StressStrainCalculator::UpdateSlsConcreteSummary(const SlsComponentContext&
 }
 
 void StressStrainCalculator::UpdateSlsRebarSummary(const SlsComponentContext& context,
-                                                   SlsStressStrainSummary& summary) const {
-  VisitSlsBars(context,
-               [&](const CBar&, const CMatRebar&, const std::optional<SlsSample>& uncracked,
-                   const std::optional<SlsSample>& cracked) {
-                 if (uncracked) summary.uncracked.UpdateRebar(uncracked->stress, uncracked->strain);
-                 if (cracked) summary.cracked->UpdateRebar(cracked->stress, cracked->strain);
-               });
+                                                   SlsStressStrainSummary& summary) {
+  VisitSlsBars(context, [&](const Bar&, const std::optional<SlsSample>& uncracked,
+                            const std::optional<SlsSample>& cracked) {
+    if (uncracked) summary.uncracked.UpdateRebar(uncracked->stress, uncracked->strain);
+    if (cracked) summary.cracked->UpdateRebar(cracked->stress, cracked->strain);
+  });
 }
 
 }  // namespace Orlix
