@@ -18,7 +18,7 @@
 #include <vector>
 
 #include "app/VelmoApp.h"
-#include "bench/sections.h"
+#include "cli/bench_sections.h"
 #include "model/oxutil/StringFrom.h"
 #include "reports/csv/CsvBuilder.h"
 

@@ -12,7 +12,7 @@
 #include <utility>
 #include <vector>
 
-#include "bench/sections.h"
+#include "cli/bench_sections.h"
 #include "model/oxnumeric/polygon.h"
 #include "model/oxnumeric/section/kernel.h"
 #include "model/vldata/response/SectionCompiler.h"

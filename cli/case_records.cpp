@@ -4,6 +4,7 @@
 #include <string>
 
 #include "cli/commands.h"
+#include "cli/interrupt.h"
 
 namespace Orlix::Cli {
 
@@ -13,6 +14,7 @@ void ForEachRecord(const VelmoApp& app, int iSec, int iTask, std::span<const int
                    const Data::Velmo9::OutputOptions& options,
                    const std::function<void(const VelmoApp::CaseRecords&)>& use) {
   for (std::size_t begin = 0; begin < cases.size(); begin += kBlock) {
+    ThrowIfInterrupted();
     const auto block = cases.subspan(begin, std::min(kBlock, cases.size() - begin));
     std::vector<VelmoApp::CaseRecords> records;
     std::string message;

@@ -12,7 +12,8 @@ namespace Orlix::Cli {
 enum ExitCode : int {
   kDone = 0,
   kProblems = 1,  ///< checks failed, a document has problems, with --strict a case is not carried
-  kUnusable = 2   ///< bad usage, input that cannot be read, output that cannot be written
+  kUnusable = 2,  ///< bad usage, input that cannot be read, output that cannot be written
+  kInterrupted = 130  ///< ended by Ctrl-C, as shells count it
 };
 
 /// Ends a command with kUnusable; the text says what is wrong, where and how to put it right.
@@ -31,10 +32,12 @@ void AddShowCommand(CLI::App& program, int& exitCode);
 void AddValidateCommand(CLI::App& program, int& exitCode);
 void AddCheckCommand(CLI::App& program, int& exitCode);
 void AddConvertCommand(CLI::App& program, int& exitCode);
+void AddCasesCommand(CLI::App& program, int& exitCode);
 void AddSolveCommand(CLI::App& program, int& exitCode);
 void AddDxfCommand(CLI::App& program, int& exitCode);
 void AddReportCommand(CLI::App& program, int& exitCode);
 void AddClipboardCommand(CLI::App& program, int& exitCode);
 void AddCurveCommand(CLI::App& program, int& exitCode);
+void AddBenchCommand(CLI::App& program, int& exitCode);
 
 }  // namespace Orlix::Cli

@@ -52,6 +52,13 @@ std::string ReasonOf(const std::filesystem::path& path, const std::string& messa
   return message + ": it is no JSON document; `velmo new` makes one";
 }
 
+// As VelmoApp::Save writes it.
+std::string TextOf(const Data::CVelmoData& document) {
+  Util::JsonDocument json;
+  document.toJson(json, json.GetAllocator(), true);
+  return Util::PrettyJson(json);
+}
+
 // The text of the document that a text holds.
 std::string ReadBack(const std::string& text) {
   std::istringstream stream(text);
@@ -61,7 +68,7 @@ std::string ReadBack(const std::string& text) {
   VelmoApp app;
   *app.pData() = Data::CVelmoData(json);
   VelmoApp::SetUserDefinedGradesToSections(*app.pData());
-  return to_string(app.fileString(true));
+  return TextOf(*app.pData());
 }
 
 }  // namespace
@@ -98,7 +105,7 @@ std::string ProblemText(const Data::ReadProblem& problem) {
 
 void SaveDocument(VelmoApp& app, const std::filesystem::path& path) {
   app.pData()->setFilePath(Place(path));
-  const std::string text = to_string(app.fileString(true));
+  const std::string text = TextOf(*app.pData());
   if (ReadBack(text) != text) {
     throw CommandError(path.string() + ": the document would read back differently; not written");
   }

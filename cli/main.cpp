@@ -3,6 +3,7 @@
 #include <iostream>
 
 #include "cli/commands.h"
+#include "cli/interrupt.h"
 
 namespace {
 
@@ -13,7 +14,8 @@ constexpr const char* kExample = R"(Example, from nothing to results:
 
 Numbers of sections, tasks, cases and components count from one; iSec, iTask and iCase in JSON
 count from zero. Results go to standard output, messages to standard error.
-Exit status: 0 done; 1 checks failed or the document has problems; 2 bad usage or unreadable input.)";
+Exit status: 0 done; 1 checks failed or the document has problems; 2 bad usage or unreadable input;
+130 stopped by Ctrl-C.)";
 
 int Run(int argc, char** argv) {
   CLI::App program{"Analyses reinforced-concrete and composite cross-sections.", "velmo"};
@@ -29,11 +31,13 @@ int Run(int argc, char** argv) {
   Orlix::Cli::AddValidateCommand(program, exitCode);
   Orlix::Cli::AddCheckCommand(program, exitCode);
   Orlix::Cli::AddConvertCommand(program, exitCode);
+  Orlix::Cli::AddCasesCommand(program, exitCode);
   Orlix::Cli::AddSolveCommand(program, exitCode);
   Orlix::Cli::AddDxfCommand(program, exitCode);
   Orlix::Cli::AddReportCommand(program, exitCode);
   Orlix::Cli::AddClipboardCommand(program, exitCode);
   Orlix::Cli::AddCurveCommand(program, exitCode);
+  Orlix::Cli::AddBenchCommand(program, exitCode);
   try {
     program.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
@@ -50,6 +54,9 @@ int Run(int argc, char** argv) {
 int main(int argc, char** argv) {
   try {
     return Run(argc, argv);
+  } catch (const Orlix::Cli::Interrupted& error) {
+    std::cerr << "velmo: " << error.what() << '\n';
+    return Orlix::Cli::kInterrupted;
   } catch (const std::exception& error) {
     std::cerr << "velmo: " << error.what() << '\n';
     return Orlix::Cli::kUnusable;

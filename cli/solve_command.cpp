@@ -13,6 +13,7 @@
 #include "cli/case_details.h"
 #include "cli/commands.h"
 #include "cli/documents.h"
+#include "cli/interrupt.h"
 #include "cli/number_list.h"
 #include "cli/option_checks.h"
 #include "cli/printable.h"
@@ -52,7 +53,7 @@ constexpr const char* kExample = R"(Example:
 
 Tables, one for each limit state, are in the document's units, JSON in SI units. Exit status 1 when
 checks fail; cases that are not carried, or have no solution in service, are results and give 0, or
-1 with --strict.)";
+1 with --strict. Ctrl-C ends the work, and then a file of -o stays as it was.)";
 
 /// A task with the cases that are asked for.
 struct Job {
@@ -173,6 +174,7 @@ Outcome SolveTo(VelmoApp& app, const Arguments& arguments, std::ostream& out) {
 }
 
 int Run(const Arguments& arguments) {
+  const InterruptGuard guard;
   VelmoApp app = OpenForUse(arguments.document);
   if (arguments.out.empty()) return SolveTo(app, arguments, std::cout).exitCode;
   CheckIsNotDocument(arguments.out, arguments.document);

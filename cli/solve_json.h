@@ -12,7 +12,7 @@ namespace Orlix::Cli {
 /// end behind it.
 /// @param margin  what every line but the first begins with
 /// @throws CommandError when a case has no result.
-void WriteCaseJson(VelmoApp& app, int iSec, int iTask, const std::vector<int>& cases,
+void WriteCaseJson(const VelmoApp& app, int iSec, int iTask, const std::vector<int>& cases,
                    const std::string& margin, std::ostream& out);
 
 }  // namespace Orlix::Cli

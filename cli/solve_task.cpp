@@ -1,11 +1,15 @@
 #include "cli/solve_task.h"
 
+#include <cstddef>
 #include <iostream>
 #include <string>
 #include <vector>
 
+#include "cli/ProgressLine.h"
 #include "cli/commands.h"
+#include "cli/interrupt.h"
 #include "cli/prepare_task.h"
+#include "model/vlsol/Solver.h"
 
 namespace Orlix::Cli {
 
@@ -16,7 +20,13 @@ bool CheckAndSolve(VelmoApp& app, int iSec, int iTask) {
   for (const std::string& message : messages) std::cerr << place << message << '\n';
   if (!messages.empty()) return false;
   Data::Velmo9::VelmoSection& section = app.pData()->getSection(iSec);
-  app.SolveTask(section, iTask);
+  ProgressLine line(place);
+  VlSol::SolveOptions options;
+  options.progress = [&](std::size_t done, std::size_t total) {
+    line.Show(done, total);
+    return !IsInterrupted();
+  };
+  if (!app.SolveTask(section, iTask, options)) throw Interrupted();
   const Data::Velmo9::AnalysisTask& task = section.Task(iTask);
   if ((task.ComputesULS() || task.ComputesSLS()) && task.NumCases() > 0 &&
       !task.IsCaseAnalysed(0)) {

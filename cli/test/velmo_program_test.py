@@ -6,6 +6,7 @@ usage: velmo_program_test.py PATH_OF_VELMO
 import json
 import os
 import shlex
+import signal
 import subprocess
 import sys
 import tempfile
@@ -204,6 +205,54 @@ class Velmo(unittest.TestCase):
         self.assertIn("40 shown", "\n".join(lines))
         everything = self.run_velmo("solve", "a.json", "--all").stdout.splitlines()
         self.assertGreater(len(everything), 5000)
+
+    def test_cases_come_from_a_table(self):
+        self.new("rectangle", "--units", "force=MN")
+        read = ["cases", "a.json", "--section", "1", "--task", "1", "--from"]
+        self.write("a.csv", b"Mzz,N,Myy\n0.01,-1,0.02\n0,-2,0\n")
+        self.assertIn("2 cases read in MN, MNm, MNm; in place of 4",
+                      self.run_velmo(*read, "a.csv").stdout)
+        self.assertIn("added to 2", self.run_velmo(*read, "a.csv", "--append").stdout)
+        results = json.loads(self.run_velmo("solve", "a.json", "--json").stdout)[0]["results"]
+        self.assertEqual([r["load"] for r in results],
+                         [{"N": -1e6, "Myy": 2e4, "Mzz": 1e4}, {"N": -2e6, "Myy": 0, "Mzz": 0}] * 2)
+        with open(os.path.join(self.folder, "a.json"), "rb") as file:
+            before = file.read()
+        self.write("bad.csv", b"N,Myy,Mzz\n1,2,3\n1,2,x\n")
+        for name, text in [("bad.csv", 'bad.csv, line 3, column 3 (Mzz): found "x", expected a number'),
+                           ("no.csv", "No such file"), (".", "directory")]:
+            self.assertIn(text, self.run_velmo(*read, name, exit_code=2).stderr)
+        with open(os.path.join(self.folder, "a.json"), "rb") as file:
+            self.assertEqual(file.read(), before)
+        done = subprocess.run([VELMO, *read, "-"], cwd=self.folder, capture_output=True,
+                              input=b"N,Myy,Mzz\n-3,0,0\n")
+        self.assertEqual(done.returncode, 0, done.stderr)
+
+    def test_threads_change_no_byte(self):
+        self.new("beam")
+        self.change_task(sls=True, cases=[{"Myy": -1000.0 * i, "Mzz": 31.0 * i} for i in range(300)])
+        texts = []
+        for threads in ["1", "2", "3"]:
+            done = subprocess.run([VELMO, "solve", "a.json", "--json"], cwd=self.folder,
+                                  capture_output=True, env={**os.environ, "OMP_NUM_THREADS": threads})
+            texts.append(done.stdout)
+        self.assertEqual(texts[0], texts[1])
+        self.assertEqual(texts[0], texts[2])
+
+    def test_ctrl_c_stops_and_leaves_what_was_there(self):
+        self.new("box")
+        self.change_task(sls=True, cases=[{"N": -1000.0 * i, "Myy": 1e5} for i in range(60000)])
+        self.write("out.json", b"old")
+        running = subprocess.Popen([VELMO, "solve", "a.json", "--json", "-o", "out.json"],
+                                   cwd=self.folder, stderr=subprocess.PIPE)
+        while not any(name.endswith(".tmp") for name in os.listdir(self.folder)):
+            self.assertIsNone(running.poll())  # it is reading the document
+        running.send_signal(signal.SIGINT)
+        self.assertIn(b"stopped", running.communicate(timeout=60)[1])
+        self.assertEqual(running.returncode, 130)
+        self.assertEqual(sorted(os.listdir(self.folder)), ["a.json", "out.json"])
+        with open(os.path.join(self.folder, "out.json"), "rb") as file:
+            self.assertEqual(file.read(), b"old")
 
     def test_a_case_that_is_not_carried_is_a_result(self):
         self.new("rectangle", "--units", "force=MN,length=m")

@@ -1,6 +1,8 @@
-#include "bench/sections.h"
+#include "cli/bench_sections.h"
 
+#include <algorithm>
 #include <cmath>
+#include <numbers>
 #include <random>
 #include <utility>
 #include <vector>
@@ -78,7 +80,20 @@ CVelmoData HollowBoxDocument() {
   return Document(kEn1992, CSecGeom(ShapeKind::box, size), L"C40/50", L"B500B", bars, 0.032);
 }
 
-void AddCases(CVelmoData& document, int count) {
+CVelmoData PolygonDocument(int vertices, int bars) {
+  const auto circle = [](int count, double radius) {
+    Points points;
+    for (int i = 0; i < count; ++i) {
+      const double angle = 2.0 * std::numbers::pi * i / count;
+      points.push_back({radius * std::cos(angle), radius * std::sin(angle)});
+    }
+    return points;
+  };
+  return Document(kEn1992, CSecGeom({{circle(vertices, 0.75), {}}}), L"C40/50", L"B500B",
+                  circle(bars, 0.68), 0.025);
+}
+
+void AddCases(CVelmoData& document, int count, double share) {
   Data::Velmo9::VelmoSection& section = document.getSection(0);
   const Data::Velmo9::ResultMesh mesh(document, section, 0, Data::Velmo9::SectionState::ultimate);
   double reach = 0.0;
@@ -92,7 +107,7 @@ void AddCases(CVelmoData& document, int count) {
     const Vec3<double> plane{kStrain * unit(random), kStrain / reach * unit(random),
                              kStrain / reach * unit(random)};
     const auto response = mesh.GetResponseTo(Data::Velmo9::Deformation(plane));
-    section.Task(0).addCase({"", response.Load().Vector()});
+    section.Task(0).addCase({"", share * response.Load().Vector()});
   }
 }
 

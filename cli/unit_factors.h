@@ -1,0 +1,18 @@
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+#include "model/oxutil/Enumerations.h"
+
+namespace Orlix::Cli {
+
+/// What a value in a unit is multiplied by to be in SI units, from the text of the unit. Besides
+/// the units of a document a moment takes any force times any length, with or without a space or a
+/// sign of multiplication between them ("kNm", "kN m", "lbf·ft", "kip-in"), and a curvature any
+/// strain, 1 or rad over any length ("‰/m", "1/m", "rad/m").
+/// @param dimension  force, moment, strain or curvature
+/// @return nothing for no such unit
+std::optional<double> FactorToSi(std::string_view text, Dimension dimension);
+
+}  // namespace Orlix::Cli
