@@ -298,7 +298,9 @@ TEST(CPositionRebar, AroundAnyOutlineEveryBarHasItsCoverAndTheFirstOfThemExactly
     const Described described(geometry, {text}, 0.01);
     ASSERT_EQ(described.problems, "");
     const std::vector<CBar> bars = described.Bars().bars;
-    if (isCounted) EXPECT_EQ(bars.size(), static_cast<std::size_t>(count) + 5);
+    if (isCounted) {
+      EXPECT_EQ(bars.size(), static_cast<std::size_t>(count) + 5);
+    }
     const FaceDistance faces(geometry);
     double nearest = 1.0;
     for (std::size_t k = 0; k < bars.size(); ++k) {
@@ -306,7 +308,9 @@ TEST(CPositionRebar, AroundAnyOutlineEveryBarHasItsCoverAndTheFirstOfThemExactly
       EXPECT_GE(cover, 0.04 - 1e-12);
       nearest = std::min(nearest, cover);
       const Vec2<double> next = bars[k + 1 == bars.size() ? 0 : k + 1].Position();
-      if (!isCounted) EXPECT_LE(Length(next - bars[k].Position()), 0.15 + 1e-12);
+      if (!isCounted) {
+        EXPECT_LE(Length(next - bars[k].Position()), 0.15 + 1e-12);
+      }
     }
     EXPECT_NEAR(nearest, 0.04, 1e-12);
   }
