@@ -178,7 +178,9 @@ std::optional<StrengthReduction> StrengthReductionOf(const Data::CVelmoData& doc
         reduction.ranges.push_back({custom->compressionStrain, custom->tensionStrain});
       } else {
         const double yield = YieldStrain(document, bar, *rule);
-        reduction.ranges.push_back({yield, yield + rule->strainMargin});
+        const double tension = rule->tensionStrain > 0.0 ? std::max(rule->tensionStrain, yield)
+                                                         : yield + rule->strainMargin;
+        reduction.ranges.push_back({yield, tension});
       }
     }
   }

@@ -12,7 +12,7 @@ namespace Orlix::VlSol {
 
 /// Strength reduction of a task, ready for the search: phi rises in a straight line with the net
 /// tensile strain of the extreme tension bar at nominal failure, and the axial force is capped.
-/// Source: ACI 318-19, 21.2.2 and 22.4.2.1.
+/// Source: ACI 318-14 and -19, 21.2.2 and 22.4.2.1.
 struct StrengthReduction {
   /// Strains between which phi rises, for each point area of the compiled section.
   struct Range {

@@ -5,7 +5,11 @@
 #include <stdexcept>
 
 #include "model/oxdata/codes/aci318/aci318.h"
+#include "model/oxdata/codes/bs8110/bs8110.h"
+#include "model/oxdata/codes/csaA23/csaA23.h"
 #include "model/oxdata/codes/en1992/en1992.h"
+#include "model/oxdata/codes/hongkong/hongkong.h"
+#include "model/oxdata/codes/is456/is456.h"
 
 namespace Orlix::Data::Design {
 namespace {
@@ -21,7 +25,14 @@ constexpr Entry kEntries[] = {
      En1992::MakeData},
     {{ConcCode::en1992_2004, CCountry::Code::unitedKingdom, "EN 1992-1-1:2004", "UK"},
      En1992::MakeData},
-    {{ConcCode::aci318_2019, CCountry::Code::none, "ACI 318-19", ""}, Aci318::MakeData},
+    {{ConcCode::aci318_2019, CCountry::Code::none, "ACI 318-19", ""}, Aci318::MakeData2019},
+    {{ConcCode::aci318_2014, CCountry::Code::none, "ACI 318-14", ""}, Aci318::MakeData2014},
+    {{ConcCode::bs8110_1997, CCountry::Code::none, "BS 8110-1:1997", ""}, Bs8110::MakeData1997},
+    {{ConcCode::bs8110_2005, CCountry::Code::none, "BS 8110-1:1997 Amd 3", ""},
+     Bs8110::MakeData2005},
+    {{ConcCode::hongKong_2013, CCountry::Code::none, "HK CoP 2013", ""}, HongKong::MakeData},
+    {{ConcCode::is456_2000, CCountry::Code::none, "IS 456:2000", ""}, Is456::MakeData},
+    {{ConcCode::csaA23_2014, CCountry::Code::none, "CSA A23.3-14", ""}, CsaA23::MakeData},
 };
 
 }  // namespace

@@ -13,7 +13,16 @@
 namespace Orlix::Data::Design {
 
 /// Design codes known; further codes get further numbers.
-enum class ConcCode : int { en1992_2004 = 1, aci318_2019 = 2 };
+enum class ConcCode : int {
+  en1992_2004 = 1,
+  aci318_2019 = 2,
+  aci318_2014 = 3,
+  bs8110_1997 = 4,
+  bs8110_2005 = 5,
+  hongKong_2013 = 6,
+  is456_2000 = 7,
+  csaA23_2014 = 8
+};
 
 /// Country whose national choices apply.
 struct CCountry {
@@ -26,6 +35,7 @@ struct CodeConstant {
   double value{};      ///< SI; strains dimensionless
   std::string clause;  ///< for instance "EN 1992-1-1, 3.1.6(1)P"
   bool certain{true};  ///< false: still to be compared with the clause, and listed as such
+  std::string unit{};  ///< "Pa", or empty for a ratio, a strain or a factor
 };
 
 /// Strength reduction by net tensile strain, as ACI 318 has it: plain numbers of the code.
@@ -34,6 +44,8 @@ struct StrengthReductionRule {
   double phiSpiral{};         ///< compression-controlled, spirals
   double phiTension{};        ///< tension-controlled
   double strainMargin{};      ///< tension-controlled from the yield strain of the bars plus this on
+  double tensionStrain{};     ///< tension-controlled from this strain on, whatever the bars; 0: by
+                              ///< the margin
   double prestressedYield{};  ///< yield strain that counts for prestressed bars
   double capTied{};           ///< largest axial force over P_o, ties
   double capSpiral{};         ///< largest axial force over P_o, spirals
@@ -50,6 +62,8 @@ struct CConcCodeData {
   std::vector<CMat> concretes;            ///< standard grades, design values included
   std::vector<CMatRebar> reinforcements;  ///< standard grades, prestressing steel after the bars
   std::vector<CMat> steels;               ///< standard grades of structural steel
+  std::wstring usualConcrete;             ///< grade of a new section unless it is said
+  std::wstring usualReinforcement;        ///< likewise, of its bars
   /// Strength-reduction (phi) factors instead of partial factors; nothing: partial factors.
   std::optional<StrengthReductionRule> strengthReduction;
   std::optional<CrackWidthRule> crackWidth;            ///< nothing: the code has no crack widths

@@ -1,6 +1,9 @@
 #include "model/oxdata/codes/aci318/aci318.h"
 
+#include <string>
+
 #include "model/oxdata/codes/aci318/concrete.h"
+#include "model/oxdata/codes/code_grades.h"
 
 namespace Orlix::Data::Design::Aci318 {
 namespace {
@@ -8,12 +11,24 @@ namespace {
 constexpr double kMPa = 1e6;
 constexpr double kModulusOfSteel = 200e9;
 
-StrengthReductionRule Rule() {
+/// An edition: what is the same in both is not repeated.
+struct Edition {
+  ConcCode code;
+  const char* name;
+  double strainMargin;   // of eps_ty up to tension-controlled
+  double tensionStrain;  // tension-controlled, whatever eps_ty
+};
+
+constexpr Edition k2014 = {ConcCode::aci318_2014, "ACI 318-14", 0.0, 0.005};
+constexpr Edition k2019 = {ConcCode::aci318_2019, "ACI 318-19", 0.003, 0.0};
+
+StrengthReductionRule Rule(const Edition& edition) {
   StrengthReductionRule rule;
   rule.phiTied = 0.65;
   rule.phiSpiral = 0.75;
   rule.phiTension = 0.90;
-  rule.strainMargin = 0.003;
+  rule.strainMargin = edition.strainMargin;
+  rule.tensionStrain = edition.tensionStrain;
   rule.prestressedYield = 0.002;
   rule.capTied = 0.80;
   rule.capSpiral = 0.85;
@@ -21,36 +36,33 @@ StrengthReductionRule Rule() {
   return rule;
 }
 
-std::vector<CodeConstant> Constants() {
-  const StrengthReductionRule rule = Rule();
+std::vector<CodeConstant> Constants(const Edition& edition) {
+  const StrengthReductionRule rule = Rule(edition);
+  const auto clause = [&edition](const char* number) {
+    return std::string(edition.name) + ", " + number;
+  };
   constexpr double kStrength = 28 * kMPa;
   return {
-      {"alpha_1", kBlockStress, "ACI 318-19, 22.2.2.4.1"},
-      {"beta_1, f'c <= 28 MPa", BlockDepth(kStrength), "ACI 318-19, Table 22.2.2.4.3"},
-      {"beta_1, f'c >= 55 MPa", BlockDepth(55 * kMPa), "ACI 318-19, Table 22.2.2.4.3"},
-      {"eps_cu", kUltimateStrain, "ACI 318-19, 22.2.2.1"},
-      {"E_c, f'c 28 MPa", Modulus(kStrength), "ACI 318-19, 19.2.2.1(b)"},
-      {"f_r, f'c 28 MPa", ModulusOfRupture(kStrength), "ACI 318-19, 19.2.3.1"},
-      {"E_s", kModulusOfSteel, "ACI 318-19, 20.2.2.2"},
-      {"E structural steel", kModulusOfSteel, "ANSI/AISC 360-16, Symbols"},
-      {"phi compression-controlled, ties", rule.phiTied, "ACI 318-19, Table 21.2.2"},
-      {"phi compression-controlled, spirals", rule.phiSpiral, "ACI 318-19, Table 21.2.2"},
-      {"phi tension-controlled", rule.phiTension, "ACI 318-19, Table 21.2.2"},
-      {"eps_t - eps_ty, tension-controlled", rule.strainMargin, "ACI 318-19, Table 21.2.2"},
-      {"eps_ty prestressed", rule.prestressedYield, "ACI 318-19, 21.2.2.2"},
-      {"P_n,max/P_o, ties", rule.capTied, "ACI 318-19, Table 22.4.2.1"},
-      {"P_n,max/P_o, spirals", rule.capSpiral, "ACI 318-19, Table 22.4.2.1"},
-      {"factor of f'c in P_o", rule.concreteFactor, "ACI 318-19, 22.4.2.2"},
+      {"alpha_1", kBlockStress, clause("22.2.2.4.1")},
+      {"beta_1, f'c <= 28 MPa", BlockDepth(kStrength), clause("Table 22.2.2.4.3")},
+      {"beta_1, f'c >= 55 MPa", BlockDepth(55 * kMPa), clause("Table 22.2.2.4.3")},
+      {"eps_cu", kUltimateStrain, clause("22.2.2.1")},
+      {"E_c, f'c 28 MPa", Modulus(kStrength), clause("19.2.2.1(b)"), true, "Pa"},
+      {"f_r, f'c 28 MPa", ModulusOfRupture(kStrength), clause("19.2.3.1"), true, "Pa"},
+      {"E_s", kModulusOfSteel, clause("20.2.2.2"), true, "Pa"},
+      {"E structural steel", kModulusOfSteel, "ANSI/AISC 360-16, Symbols", true, "Pa"},
+      {"phi compression-controlled, ties", rule.phiTied, clause("Table 21.2.2")},
+      {"phi compression-controlled, spirals", rule.phiSpiral, clause("Table 21.2.2")},
+      {"phi tension-controlled", rule.phiTension, clause("Table 21.2.2")},
+      edition.tensionStrain > 0.0
+          ? CodeConstant{"eps_t, tension-controlled", rule.tensionStrain, clause("Table 21.2.2")}
+          : CodeConstant{"eps_t - eps_ty, tension-controlled", rule.strainMargin,
+                         clause("Table 21.2.2")},
+      {"eps_ty prestressed", rule.prestressedYield, clause("21.2.2.2")},
+      {"P_n,max/P_o, ties", rule.capTied, clause("Table 22.4.2.1")},
+      {"P_n,max/P_o, spirals", rule.capSpiral, clause("Table 22.4.2.1")},
+      {"factor of f'c in P_o", rule.concreteFactor, clause("22.4.2.2")},
   };
-}
-
-/// The default curve at SLS stays: linear in compression, no tension.
-CMat Concrete(const wchar_t* name, double fc) {
-  CMat concrete(MatType::concrete);
-  concrete.SetName(name);
-  concrete.SetProperties({fc, Modulus(fc), ModulusOfRupture(fc), kBlockStress, 1.0});
-  concrete.SetShape(LoadState::ULS, LoadSign::compression, RectangularBlockShape(fc));
-  return concrete;
 }
 
 std::vector<CMat> Concretes() {
@@ -61,17 +73,19 @@ std::vector<CMat> Concretes() {
                     {L"f'c 30 MPa", 30}, {L"f'c 35 MPa", 35}, {L"f'c 40 MPa", 40},
                     {L"f'c 45 MPa", 45}, {L"f'c 50 MPa", 50}, {L"f'c 55 MPa", 55}};
   std::vector<CMat> concretes;
-  for (const auto& c : kStrengths) concretes.push_back(Concrete(c.name, c.fc * kMPa));
+  for (const auto& c : kStrengths) {
+    const double fc = c.fc * kMPa;
+    concretes.push_back(ConcreteGrade(c.name,
+                                      {fc, Modulus(fc), ModulusOfRupture(fc), kBlockStress, 1.0},
+                                      RectangularBlockShape(fc), CurveKind::linear));
+  }
   return concretes;
 }
 
-/// A steel with the default curve, E eps up to the yield strength and horizontal from there on, as
-/// ACI 318-19, 20.2.2.1 has it; strengths are nominal.
+/// Nominal strengths; the default curve is that of 20.2.2.1.
 template <class Mat>
 Mat Steel(Mat steel, const wchar_t* name, double strength) {
-  steel.SetName(name);
-  steel.SetProperties({strength, kModulusOfSteel, 0.0, 1.0, 1.0});
-  return steel;
+  return BilinearSteel(steel, name, strength, kModulusOfSteel, 1.0);
 }
 
 /// Bars of ASTM A615 (Grade 40, 60, 80) and A706 (Grade 60, 80), in SI units 280, 420 and 550.
@@ -86,20 +100,26 @@ std::vector<CMat> Steels() {
           Steel(CMat(MatType::steel), L"A992", 345 * kMPa)};
 }
 
-}  // namespace
-
-CConcCodeData MakeData(CCountry::Code country) {
+CConcCodeData Make(const Edition& edition, CCountry::Code country) {
   CConcCodeData data;
-  data.code = ConcCode::aci318_2019;
+  data.code = edition.code;
   data.country = country;
-  data.name = "ACI 318-19";
-  data.constants = Constants();
+  data.name = edition.name;
+  data.constants = Constants(edition);
   data.concretes = Concretes();
   data.reinforcements = Reinforcements();
   data.steels = Steels();
-  data.strengthReduction = Rule();
+  data.usualConcrete = L"f'c 30 MPa";
+  data.usualReinforcement = L"Grade 60";
+  data.strengthReduction = Rule(edition);
   data.barSystem = Util::BarSystem::us;
   return data;
 }
+
+}  // namespace
+
+CConcCodeData MakeData2014(CCountry::Code country) { return Make(k2014, country); }
+
+CConcCodeData MakeData2019(CCountry::Code country) { return Make(k2019, country); }
 
 }  // namespace Orlix::Data::Design::Aci318

@@ -2,8 +2,8 @@
 
 #include "model/oxdata/materials/CMatCurveParam.h"
 
-/// Properties of normalweight concrete (lambda = 1) by ACI 318-19, as functions of the specified
-/// compressive strength f'c [Pa], 17 MPa and more.
+/// Properties of normalweight concrete (lambda = 1) by ACI 318-14 and -19, as functions of the
+/// specified compressive strength f'c [Pa], 17 MPa and more.
 namespace Orlix::Data::Design::Aci318 {
 
 /// Ratio of the stress to f'c within the block, 22.2.2.4.1.

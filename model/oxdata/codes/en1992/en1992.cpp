@@ -1,5 +1,6 @@
 #include "model/oxdata/codes/en1992/en1992.h"
 
+#include "model/oxdata/codes/code_grades.h"
 #include "model/oxdata/codes/en1992/concrete.h"
 
 namespace Orlix::Data::Design::En1992 {
@@ -32,11 +33,11 @@ std::vector<CodeConstant> Constants(CCountry::Code country) {
       {"gamma_s", kGammaS, "EN 1992-1-1, Table 2.1N, persistent and transient"},
       {"gamma_c accidental", 1.2, "EN 1992-1-1, Table 2.1N"},
       {"gamma_s accidental", 1.0, "EN 1992-1-1, Table 2.1N"},
-      {"E_s", kModulusOfBars, "EN 1992-1-1, 3.2.7(4)"},
+      {"E_s", kModulusOfBars, "EN 1992-1-1, 3.2.7(4)", true, "Pa"},
       {"eps_ud/eps_uk", kDesignStrainRatio, "EN 1992-1-1, 3.2.7(2)"},
-      {"E_a", kModulusOfSteel, "EN 1993-1-1, 3.2.6(1)"},
+      {"E_a", kModulusOfSteel, "EN 1993-1-1, 3.2.6(1)", true, "Pa"},
       {"gamma_M0", kGammaM0, "EN 1993-1-1, 6.1(1); EN 1994-1-1, 2.4.1.2"},
-      {"E_p strand", kModulusOfStrands, "EN 1992-1-1, 3.3.6(3)"},
+      {"E_p strand", kModulusOfStrands, "EN 1992-1-1, 3.3.6(3)", true, "Pa"},
       {"f_p0.1k/f_pk", kStrandProofRatio, "EN 1992-1-1, 3.3.6(7)"},
       {"eps_ud prestressing", kStrandDesignStrain, "EN 1992-1-1, 3.3.6(7)"},
       {"beta short-term", 1.0, "EN 1992-1-1, 7.4.3(3)"},
@@ -44,29 +45,9 @@ std::vector<CodeConstant> Constants(CCountry::Code country) {
   };
 }
 
-CMat Concrete(const wchar_t* name, double fck, CCountry::Code country) {
-  CMat concrete(MatType::concrete);
-  concrete.SetName(name);
-  concrete.SetProperties(
-      {fck, MeanModulus(fck), MeanTensileStrength(fck), AlphaCc(country), kGammaC});
-  concrete.SetShape(LoadState::ULS, LoadSign::compression, ParabolaRectangleShape(fck));
-  concrete.SetShape(LoadState::ULS, LoadSign::tension, {});
-  CurveShape service;
-  service.kind = CurveKind::interpolated;
-  concrete.SetShape(LoadState::SLS, LoadSign::compression, service);
-  return concrete;
-}
-
 /// A steel whose curves are alike in tension and compression and at both load states.
 CMatRebar Steel(const wchar_t* name, double strength, double modulus, const CurveShape& shape) {
-  CMatRebar steel;
-  steel.SetName(name);
-  steel.SetProperties({strength, modulus, 0.0, 1.0, kGammaS});
-  for (const LoadState state : {LoadState::ULS, LoadState::SLS}) {
-    steel.SetShape(state, LoadSign::compression, shape);
-    steel.SetShape(state, LoadSign::tension, shape);
-  }
-  return steel;
+  return ShapedSteel(name, {strength, modulus, 0.0, 1.0, kGammaS}, shape, shape);
 }
 
 /// Horizontal upper branch without a strain limit, 3.2.7(2) b).
@@ -96,7 +77,12 @@ std::vector<CMat> Concretes(CCountry::Code country) {
                   {L"C50/60", 50}, {L"C55/67", 55}, {L"C60/75", 60}, {L"C70/85", 70},
                   {L"C80/95", 80}, {L"C90/105", 90}};
   std::vector<CMat> concretes;
-  for (const auto& c : kClasses) concretes.push_back(Concrete(c.name, c.fck * kMPa, country));
+  for (const auto& c : kClasses) {
+    const double fck = c.fck * kMPa;
+    concretes.push_back(ConcreteGrade(
+        c.name, {fck, MeanModulus(fck), MeanTensileStrength(fck), AlphaCc(country), kGammaC},
+        ParabolaRectangleShape(fck), CurveKind::interpolated));
+  }
   return concretes;
 }
 
@@ -120,10 +106,8 @@ std::vector<CMat> Steels() {
       {L"S355", 355}, {L"S355 (16 to 40 mm)", 345}, {L"S460", 460}, {L"S460 (16 to 40 mm)", 440}};
   std::vector<CMat> steels;
   for (const auto& grade : kGrades) {
-    CMat steel(MatType::steel);
-    steel.SetName(grade.name);
-    steel.SetProperties({grade.fy * kMPa, kModulusOfSteel, 0.0, 1.0, kGammaM0});
-    steels.push_back(steel);
+    steels.push_back(BilinearSteel(CMat(MatType::steel), grade.name, grade.fy * kMPa,
+                                   kModulusOfSteel, kGammaM0));
   }
   return steels;
 }
@@ -141,6 +125,8 @@ CConcCodeData MakeData(CCountry::Code country) {
   data.concretes = Concretes(country);
   data.reinforcements = Reinforcements();
   data.steels = Steels();
+  data.usualConcrete = L"C30/37";
+  data.usualReinforcement = L"B500B";
   return data;
 }
 

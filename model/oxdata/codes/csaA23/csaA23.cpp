@@ -1,0 +1,87 @@
+#include "model/oxdata/codes/csaA23/csaA23.h"
+
+#include <string>
+
+#include "model/oxdata/codes/code_grades.h"
+#include "model/oxdata/codes/csaA23/concrete.h"
+
+namespace Orlix::Data::Design::CsaA23 {
+namespace {
+
+constexpr double kMPa = 1e6;
+constexpr double kGPa = 1e9;
+
+constexpr double kPhiC = 0.65;
+constexpr double kPhiS = 0.85;
+constexpr double kPhiSteel = 0.90;
+constexpr double kModulusOfSteel = 200 * kGPa;
+
+std::vector<CodeConstant> Constants() {
+  constexpr double kStrength = 30 * kMPa;
+  return {
+      {"phi_c", kPhiC, "CSA A23.3-14, 8.4.2"},
+      {"phi_s", kPhiS, "CSA A23.3-14, 8.4.3"},
+      {"alpha_1, f'c 30 MPa", BlockStress(kStrength), "CSA A23.3-14, 10.1.7"},
+      {"beta_1, f'c 30 MPa", BlockDepth(kStrength), "CSA A23.3-14, 10.1.7"},
+      {"least alpha_1 and beta_1", 0.67, "CSA A23.3-14, 10.1.7"},
+      {"eps_cu", kUltimateStrain, "CSA A23.3-14, 10.1.3"},
+      {"E_c, f'c 30 MPa", Modulus(kStrength), "CSA A23.3-14, 8.6.2.3", true, "Pa"},
+      {"f_r, f'c 30 MPa", ModulusOfRupture(kStrength), "CSA A23.3-14, 8.6.4", true, "Pa"},
+      {"E_s", kModulusOfSteel, "CSA A23.3-14, 8.5.4.1", true, "Pa"},
+      {"phi structural steel", kPhiSteel, "CSA S16-14, 13.1 a)"},
+      {"E structural steel", kModulusOfSteel, "CSA S16-14, Symbols", false, "Pa"},
+  };
+}
+
+std::vector<CMat> Concretes() {
+  const struct {
+    const wchar_t* name;
+    double fc;  // MPa
+  } kStrengths[] = {{L"f'c 20 MPa", 20}, {L"f'c 25 MPa", 25}, {L"f'c 30 MPa", 30},
+                    {L"f'c 35 MPa", 35}, {L"f'c 40 MPa", 40}, {L"f'c 45 MPa", 45},
+                    {L"f'c 50 MPa", 50}, {L"f'c 55 MPa", 55}, {L"f'c 60 MPa", 60},
+                    {L"f'c 70 MPa", 70}, {L"f'c 80 MPa", 80}};
+  std::vector<CMat> concretes;
+  for (const auto& c : kStrengths) {
+    const double fc = c.fc * kMPa;
+    concretes.push_back(
+        ConcreteGrade(c.name, {fc, Modulus(fc), ModulusOfRupture(fc), BlockStress(fc), 1.0 / kPhiC},
+                      RectangularBlockShape(fc), CurveKind::linear));
+  }
+  return concretes;
+}
+
+/// Bars of CSA G30.18: R and the weldable W have the same yield strengths.
+std::vector<CMatRebar> Reinforcements() {
+  const auto bar = [](const wchar_t* name, double fy) {
+    return BilinearSteel(CMatRebar(), name, fy, kModulusOfSteel, 1.0 / kPhiS);
+  };
+  return {bar(L"400R", 400 * kMPa), bar(L"400W", 400 * kMPa), bar(L"500R", 500 * kMPa),
+          bar(L"500W", 500 * kMPa)};
+}
+
+std::vector<CMat> Steels() {
+  const auto steel = [](const wchar_t* name, double fy) {
+    return BilinearSteel(CMat(MatType::steel), name, fy, kModulusOfSteel, 1.0 / kPhiSteel);
+  };
+  return {steel(L"300W", 300 * kMPa), steel(L"350W", 350 * kMPa)};
+}
+
+}  // namespace
+
+CConcCodeData MakeData(CCountry::Code country) {
+  CConcCodeData data;
+  data.code = ConcCode::csaA23_2014;
+  data.country = country;
+  data.name = "CSA A23.3-14";
+  data.constants = Constants();
+  data.concretes = Concretes();
+  data.reinforcements = Reinforcements();
+  data.steels = Steels();
+  data.usualConcrete = L"f'c 30 MPa";
+  data.usualReinforcement = L"400W";
+  data.barSystem = Util::BarSystem::canadian;
+  return data;
+}
+
+}  // namespace Orlix::Data::Design::CsaA23
