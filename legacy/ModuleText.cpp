@@ -79,6 +79,18 @@ class Sorter {
     }
   }
 
+  // The rest of the file is lost; to whom that matters says what is missing then.
+  void EndAtLongLine(std::size_t number) {
+    const std::string text =
+        "is longer than " + std::to_string(FileIO::CFile::kMaxLine) + " bytes; the file ends here";
+    if (isOpen_ && IsExpected(name_)) {
+      notes_.AddProblem(name_, number, text);
+    } else {
+      notes_.AddWarning(isOpen_ ? name_ : "", number, text);
+    }
+    isOpen_ = false;
+  }
+
   void Finish(std::size_t lastLine) {
     if (isOpen_) Unfinished(lastLine);
     for (const std::string& name : contents_) {
@@ -106,9 +118,11 @@ class Sorter {
     }
   }
 
-  // Of a module that is not known, the end is missed only when the contents count on it.
+  // A module that is not known is missed only when the contents count on it.
+  bool IsExpected(std::string_view name) const { return IsKnown(name) || contents_.contains(name); }
+
   void Unfinished(std::size_t line) {
-    if (IsKnown(name_) || contents_.contains(name_)) {
+    if (IsExpected(name_)) {
       notes_.AddProblem(name_, line, "has no end before this line: END " + name_);
     }
   }
@@ -141,7 +155,7 @@ bool ReadModules(CDataFile& file, ModuleTexts& modules, Notes& notes) {
   Sorter sorter(std::move(contents), modules, notes);
   LineStatus status = file.NextLine(line);
   for (; status == LineStatus::line; status = file.NextLine(line)) sorter.Add(file, line);
-  if (status == LineStatus::tooLong) notes.AddWarning("", file.LineNumber() + 1, "is too long");
+  if (status == LineStatus::tooLong) sorter.EndAtLongLine(file.LineNumber() + 1);
   if (status == LineStatus::unreadable) return false;
   sorter.Finish(file.LineNumber());
   return true;
