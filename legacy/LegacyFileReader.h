@@ -18,9 +18,8 @@ class LegacyFileReader {
   /// descriptions to be carried out.
   /// @param path    of the file
   /// @param target  is only changed when the file was read; gets an identity and no path
-  /// @param error   on failure a message for the user, else unchanged: the file cannot be opened,
-  /// is
-  ///                one of the DOS era, or has modules that could not be read, which are listed
+  /// @param error   on failure a message for the user, else unchanged: the file cannot be opened
+  ///                or is of the DOS era, or the list of its modules that could not be read
   /// @return whether the file was read
   bool Read(const std::wstring& path, Data::CVelmoData& target, std::wstring& error);
 

@@ -34,9 +34,8 @@ class TaskDataToClipboardFormatter {
   /// @param cases      consecutive cases; a row of "-" for one without data
   /// @param firstCase  index of the first of them
   /// @param range      what lies outside the table is left out
-  /// @return a line of titles, one of units and one a case, cells separated by tabs, each line
-  /// ended
-  ///         by a line feed; empty when the range has no column.
+  /// @return a line of titles, one of units and one a case, each ended by a line feed, with tabs
+  ///         between the cells; empty when the range has no column
   std::string FormatTaskData(const std::vector<std::optional<ClipboardCaseData>>& cases,
                              int firstCase, ColumnRange range) const;
 
