@@ -98,7 +98,7 @@ double StressStrainCalculator::BarStrain(const Deformation& deformation, const B
   const Vec2<double> position = bar.bar->Position();
   double strain = deformation.StrainAt(position) - preStrain;
   if (component.preload && !component.preload->barsExcluded) {
-    strain += details.lockedIn.StrainAt(position);
+    strain += details.LockedIntoBars().StrainAt(position);
   }
   return strain;
 }

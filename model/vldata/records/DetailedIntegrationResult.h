@@ -2,6 +2,7 @@
 
 #include <map>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "model/oxdata/materials/CMatCurveParam.h"
@@ -35,6 +36,13 @@ class DetailedIntegrationResult {
     Velmo9::Deformation lockedIn;              ///< strain plane locked in from an earlier stage
     bool barResultsValid{};                    ///< whether bar strains and stresses can be given
     std::shared_ptr<const Cracking> cracking;  ///< of a concrete component at SLS; null elsewhere
+    /// The same of the bars, which may have been put in after the first of several earlier stages;
+    /// nothing: `lockedIn`.
+    std::optional<Velmo9::Deformation> barsLockedIn{};
+
+    const Velmo9::Deformation& LockedIntoBars() const {
+      return barsLockedIn ? *barsLockedIn : lockedIn;
+    }
   };
   using ComponentMap = std::map<int, ComponentDetails>;
 

@@ -153,12 +153,14 @@ std::shared_ptr<const CompiledTask> SectionCompiler::Compile(const CVelmoData& d
     const bool cracks = state != SectionState::ultimate && component.ConcreteExist();
     components[own.index] = {CurveIn(state, material, creep), lockedIn, true,
                              cracks ? CrackingOf(component, material, own, creep) : nullptr};
+    const auto ofBars = stage.barPlanes.find(own.index);
+    if (ofBars != stage.barPlanes.end()) components[own.index].barsLockedIn = ofBars->second;
   }
   for (const TaskGeometry::Component& own : geometry.Components()) {
     const auto preload = task.PreloadOf(own.index);
     const bool isPreloaded = preload && !preload->barsExcluded;
     builder.AddBars(section.Components()[static_cast<std::size_t>(own.index)], own,
-                    isPreloaded ? components[own.index].lockedIn : Deformation());
+                    isPreloaded ? components[own.index].LockedIntoBars() : Deformation());
   }
   auto compiled = std::make_shared<CompiledTask>();
   compiled->section = Numeric::Compile(builder.Input());

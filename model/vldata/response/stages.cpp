@@ -54,7 +54,8 @@ LockedStage StageBefore(const CVelmoData& document, const VelmoSection& section,
   LockedStage stage;
   const std::optional<CaseIndex> from = PreloadingCase(section, iTask);
   if (!from) return stage;
-  const auto integration = Integration(section.Task(from->iTask), from->iCase, state,
+  const AnalysisTask& reference = section.Task(from->iTask);
+  const auto integration = Integration(reference, from->iCase, state,
                                        document.ShouldCalculateCracked(section, from->iTask));
   stage.isInEquilibrium = integration.has_value();
   if (!integration) return stage;
@@ -62,6 +63,10 @@ LockedStage StageBefore(const CVelmoData& document, const VelmoSection& section,
   for (const auto& [component, details] : integration->Components()) {
     if (!section.Task(iTask).IncludesComponent(component)) continue;
     stage.planes.emplace(component, Deformation(details.lockedIn.Vector() + increment));
+    const auto preload = reference.PreloadOf(component);
+    const bool areNew = preload && preload->barsExcluded;
+    const Vec3<double> before = areNew ? Vec3<double>{} : details.LockedIntoBars().Vector();
+    stage.barPlanes.emplace(component, Deformation(before + increment));
   }
   return stage;
 }

@@ -31,6 +31,8 @@ struct LockedStage {
   /// By component that both tasks include: what was locked into it in the earlier task, and the
   /// plane of the preloading case.
   std::map<int, Deformation> planes;
+  /// The same of their bars, for which the stages count from the one that they were put in after.
+  std::map<int, Deformation> barPlanes;
   /// Whether the preloading case has an equilibrium; without one nothing can be built on it.
   bool isInEquilibrium{true};
 };

@@ -181,6 +181,15 @@ TEST(Stages, BarsAddedLaterTakeNoLockedInStrain) {
   EXPECT_EQ(bar.strainOffset, 0.0);
   EXPECT_EQ(bar.lockedOffset, 0.0);
   EXPECT_NEAR(bar.displacedOffset, Deformation(locked).StrainAt({-0.1, -0.4375}), 1e-18);
+
+  // A third stage that adds no load finds them as the second left them.
+  section.AddTask(section.Task(1)).SetPreloadFrom(PreloadReference{2, 2});
+  SolveAll(document);
+  const auto third = section.Task(4).SLSResult(1, false, true, true).Response();
+  for (const auto* state : {&third.uncracked, &third.cracked}) {
+    // Equilibria to 1e-11 of 1e-3, over cracked stiffness.
+    EXPECT_LE(Length(state->Deformation().Vector()), 1e-9);
+  }
 }
 
 TEST(Stages, AStageStandsAndFallsWithTheCaseBeforeIt) {
