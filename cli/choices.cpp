@@ -61,20 +61,19 @@ Data::CUnit UnitsFrom(const std::vector<std::string>& items, Data::CUnit units) 
   return units;
 }
 
-int FindGrade(const VelmoApp& app, MatType type, const std::string& name,
-              std::initializer_list<const wchar_t*> usual) {
+int FindGrade(const VelmoApp& app, MatType type, const std::string& name) {
   const Data::Materials& materials = *app.pData()->getMaterials();
-  for (const wchar_t* candidate : usual) {
-    const int grade = name.empty() ? materials.Find(type, candidate) : -1;
-    if (grade >= 0) return grade;
-  }
-  const int grade = materials.Find(type, to_wstring(name));
+  const Data::Design::CConcCodeData& code = *app.pData()->CodePointer();
+  const std::wstring wanted = !name.empty()               ? to_wstring(name)
+                              : type == MatType::concrete ? code.usualConcrete
+                                                          : code.usualReinforcement;
+  const int grade = materials.Find(type, wanted);
   if (grade >= 0) return grade;
   std::vector<std::string> known;
   for (int i = 0; i < materials.NumGrades(type); ++i) {
     known.push_back(to_string(materials.Grade(type, i).Name()));
   }
-  throw CommandError("grade \"" + name + "\" is not known; grades: " + Joined(known));
+  throw CommandError("grade \"" + to_string(wanted) + "\" is not known; grades: " + Joined(known));
 }
 
 }  // namespace Orlix::Cli

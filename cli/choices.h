@@ -1,6 +1,5 @@
 #pragma once
 
-#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -25,14 +24,9 @@ void SetCode(VelmoApp& app, const Data::Design::CodeChoice& choice);
 /// @throws CommandError for one that is no such text; it names the quantities.
 Data::CUnit UnitsFrom(const std::vector<std::string>& items, Data::CUnit units);
 
-/// Index of the grade with a name; without a name the first of the usual ones that is there.
+/// Index of the grade with a name; without a name the one that the document's code has new sections
+/// made of.
 /// @throws CommandError that lists the grades when there is none.
-int FindGrade(const VelmoApp& app, MatType type, const std::string& name,
-              std::initializer_list<const wchar_t*> usual);
-
-/// Grades that a section takes when nothing else is asked for.
-inline constexpr std::initializer_list<const wchar_t*> kUsualConcretes = {L"C30/37", L"f'c 30 MPa"};
-inline constexpr std::initializer_list<const wchar_t*> kUsualReinforcements = {L"B500B",
-                                                                               L"Grade 60"};
+int FindGrade(const VelmoApp& app, MatType type, const std::string& name);
 
 }  // namespace Orlix::Cli

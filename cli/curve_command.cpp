@@ -115,7 +115,7 @@ int Run(const Arguments& arguments) {
   const LoadState state = Named(kStates, arguments.state, "--state");
   const LoadSign sign = Named(kSigns, arguments.sign, "--sign");
   VelmoApp app = OpenForUse(arguments.document);
-  const int grade = FindGrade(app, type, arguments.grade, {});
+  const int grade = FindGrade(app, type, arguments.grade);
   std::string text = TextOf(arguments.file);
   const UnitText units(app.pData()->Units());
   std::string message;

@@ -77,9 +77,9 @@ int AddDrawingToDocument(const DxfSectionArguments& arguments,
   VelmoApp app = DocumentFor(arguments);
   Bridge::DrawingSettings settings;
   settings.name = arguments.name;
-  settings.concreteGrade = FindGrade(app, MatType::concrete, arguments.concrete, kUsualConcretes);
+  settings.concreteGrade = FindGrade(app, MatType::concrete, arguments.concrete);
   settings.rebarGrade =
-      FindGrade(app, MatType::reinforcement, arguments.reinforcement, kUsualReinforcements);
+      FindGrade(app, MatType::reinforcement, arguments.reinforcement);
   settings.origin = arguments.origin == "drawing" ? Bridge::DrawingOrigin::asDrawn
                                                   : Bridge::DrawingOrigin::centroid;
   settings.barSizes = BarSizesFor(arguments, app);

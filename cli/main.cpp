@@ -37,6 +37,7 @@ int Run(int argc, char** argv) {
   Orlix::Cli::AddReportCommand(program, exitCode);
   Orlix::Cli::AddClipboardCommand(program, exitCode);
   Orlix::Cli::AddCurveCommand(program, exitCode);
+  Orlix::Cli::AddCodesCommand(program, exitCode);
   Orlix::Cli::AddBenchCommand(program, exitCode);
   try {
     program.parse(argc, argv);

@@ -41,10 +41,9 @@ int Run(const Arguments& arguments) {
   app.New(cstr(arguments.title), UnitsFrom(arguments.units, {}));
   SetCode(app, FindCode(arguments.code, arguments.annex));
   if (!arguments.section.empty()) {
-    AddTemplate(
-        *app.pData(), arguments.section,
-        FindGrade(app, MatType::concrete, arguments.concrete, kUsualConcretes),
-        FindGrade(app, MatType::reinforcement, arguments.reinforcement, kUsualReinforcements));
+    AddTemplate(*app.pData(), arguments.section,
+                FindGrade(app, MatType::concrete, arguments.concrete),
+                FindGrade(app, MatType::reinforcement, arguments.reinforcement));
   }
   SaveDocument(app, arguments.out);
   std::cout << arguments.out << ": written";

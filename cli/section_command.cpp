@@ -69,8 +69,8 @@ int Add(const Arguments& arguments) {
   if (arguments.file.empty()) {
     AddTemplate(
         document, arguments.shape,
-        FindGrade(app, MatType::concrete, arguments.concrete, kUsualConcretes),
-        FindGrade(app, MatType::reinforcement, arguments.reinforcement, kUsualReinforcements));
+        FindGrade(app, MatType::concrete, arguments.concrete),
+        FindGrade(app, MatType::reinforcement, arguments.reinforcement));
   } else {
     Util::JsonDocument json;
     ReadJson(arguments.file, json);

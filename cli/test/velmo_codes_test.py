@@ -1,0 +1,60 @@
+#!/usr/bin/env python3
+"""Lists design codes with velmo and solves a column under each.
+
+usage: velmo_codes_test.py VELMO
+"""
+
+import json
+import os
+import subprocess
+import sys
+import tempfile
+import unittest
+
+VELMO = os.path.abspath(sys.argv.pop(1))
+
+
+class Codes(unittest.TestCase):
+    def run_velmo(self, *arguments, status=0):
+        result = subprocess.run([VELMO, *arguments], capture_output=True, text=True, timeout=60)
+        self.assertEqual(result.returncode, status, result.stdout + result.stderr)
+        return result
+
+    def codes(self):
+        return json.loads(self.run_velmo("codes", "--json").stdout)["codes"]
+
+    def test_every_code_shows_itself_and_makes_a_column_that_is_solved(self):
+        self.assertGreater(len(self.codes()), 8)
+        for code in self.codes():
+            name = code["concrete"]
+            chosen = ["--annex", code["annex"]] if "annex" in code else []
+            with self.subTest(code=name, annex=chosen), tempfile.TemporaryDirectory() as folder:
+                shown = json.loads(self.run_velmo("codes", name, *chosen, "--json").stdout)
+                self.assertEqual(len(shown["constants"]), code["constants"])
+                unchecked = [c for c in shown["constants"] if not c["checked"]]
+                self.assertEqual(len(unchecked), code["unchecked"])
+                self.assertIn(name, self.run_velmo("codes").stdout)
+                document = os.path.join(folder, "column.json")
+                self.run_velmo("new", document, "--template", "rectangle", "--code", name, *chosen)
+                self.run_velmo("validate", document)
+                self.run_velmo("solve", document)
+
+    def test_curves_turn_where_the_design_values_say(self):
+        shown = json.loads(self.run_velmo("codes", "EN 1992-1-1:2004", "--grade", "C30/37",
+                                          "--json").stdout)
+        uls = shown["curves"][0]["uls"]
+        self.assertEqual(uls[-1], [0.0035, 20e6])
+        self.assertIn([0.002, 20e6], uls)
+        self.assertEqual(uls, sorted(uls))
+        text = self.run_velmo("codes", "ACI 318-19", "--grade", "Grade 60").stdout
+        self.assertIn("Grade 60 at ULS", text)
+
+    def test_what_is_not_known_is_said_with_what_is(self):
+        self.assertIn("ACI 318-19", self.run_velmo("codes", "ACI", status=2).stderr)
+        self.assertIn("C30/37", self.run_velmo("codes", "EN 1992-1-1:2004", "--grade", "C31",
+                                               status=2).stderr)
+        self.run_velmo("codes", "--grade", "C30/37", status=2)
+
+
+if __name__ == "__main__":
+    unittest.main()
