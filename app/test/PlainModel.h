@@ -22,9 +22,9 @@ struct PlainTask {
   bool firstAlone{};  // includes the first component alone
   int from{kNone};    // identity of the task that preloads it
   int fromCase{1};
-  std::vector<double> cases;        // axial force [MN] or strain [‰]
-  std::string solvedFor;            // what the results were computed from; empty: no results
-  std::vector<double> solvedCases;  // with them
+  std::vector<double> cases{};        // axial force [MN] or strain [‰]
+  std::string solvedFor{};            // what the results were computed from; empty: no results
+  std::vector<double> solvedCases{};  // with them
 };
 
 struct PlainSection {

@@ -193,8 +193,8 @@ TEST_F(CsvBuilderTest, OptionsAreNamesWithANumber) {
     CsvOptions options = CsvBuilder::GetCsvOptions(json);
     EXPECT_EQ(options.IsAnyULSOptionSelected(), c.uls != nullptr);
     EXPECT_EQ(options.IsAnySLSOptionSelected(), c.sls != nullptr);
-    if (c.uls != nullptr) EXPECT_TRUE(options.uls.*c.uls);
-    if (c.sls != nullptr) EXPECT_TRUE(options.sls.*c.sls);
+    EXPECT_TRUE(c.uls == nullptr || options.uls.*c.uls);
+    EXPECT_TRUE(c.sls == nullptr || options.sls.*c.sls);
   }
 }
 
