@@ -148,6 +148,79 @@ TEST(CConcCode, SteelsYieldUnreducedWithoutLimit) {
   expectYield(aci318.Data().reinforcements, 200e9, {280, 420, 550});
 }
 
+template <class Mat>
+const CMat& Named(const std::vector<Mat>& grades, const wchar_t* name) {
+  for (const CMat& grade : grades) {
+    if (grade.Name() == name) return grade;
+  }
+  throw std::invalid_argument("no such grade");
+}
+
+TEST(CConcCode, ConcretesOfFurtherCodesHaveHandValues) {
+  const struct {
+    ConcCode code;
+    const wchar_t* name;
+    double fd, epsPeak, epsCu, E;  // MPa, per mille, GPa: to the digits given
+    CurveKind service;
+  } kRows[] = {
+      {ConcCode::bs8110_1997, L"C25", 11.167, 0.97980, 3.5, 25.0, CurveKind::bs8110Tension},
+      {ConcCode::bs8110_2005, L"C60", 26.800, 1.51789, 3.5, 32.0, CurveKind::bs8110Tension},
+      {ConcCode::hongKong_2013, L"C40", 17.867, 1.69534, 3.5, 25.093, CurveKind::bs8110Tension},
+      {ConcCode::hongKong_2013, L"C100", 44.667, 2.83951, 3.12053, 37.810,
+       CurveKind::bs8110Tension},
+      {ConcCode::is456_2000, L"M25", 11.167, 2.0, 3.5, 25.0, CurveKind::none},
+      {ConcCode::csaA23_2014, L"f'c 40 MPa", 20.540, 0.455, 3.5, 28.460, CurveKind::none},
+      {ConcCode::csaA23_2014, L"f'c 80 MPa", 37.960, 0.805, 3.5, 36.416, CurveKind::none},
+  };
+  for (const auto& r : kRows) {
+    SCOPED_TRACE(testing::Message() << static_cast<int>(r.code) << " " << r.fd);
+    const CConcCode code(r.code, CCountry::Code::none);
+    const CMat& concrete = Named(code.Data().concretes, r.name);
+    const CMatCurveParam& uls = concrete.Curve(LoadState::ULS);
+    EXPECT_NEAR(concrete.DesignStrength() / 1e6, r.fd, 5e-4);
+    // The plateau: reached at the peak, or, of a block, begun where half of it is reached.
+    EXPECT_NEAR(uls.Strain(concrete.DesignStrength()) * 1e3, r.epsPeak, 5e-5);
+    EXPECT_NEAR(uls.Stress(uls.CompressionLimit()) / 1e6, r.fd, 5e-4);
+    EXPECT_NEAR(uls.CompressionLimit() * 1e3, r.epsCu, 5e-5);
+    EXPECT_NEAR(concrete.Properties().E / 1e9, r.E, 5e-4);
+    EXPECT_EQ(concrete.Model(LoadState::SLS, LoadSign::tension), r.service);
+  }
+}
+
+TEST(CConcCode, BarsWithSeveralBranchesTurnWhereTheirFiguresDo) {
+  const struct {
+    ConcCode code;
+    const wchar_t* name;
+    double stress, strain;  // MPa and per mille, to the digits printed or given
+  } kCorners[] = {          // SP 16 (1980), Table A: design stress and strain of cold-worked bars.
+                  {ConcCode::is456_2000, L"Fe 415", 288.7, 1.44},
+                  {ConcCode::is456_2000, L"Fe 415", 306.7, 1.63},
+                  {ConcCode::is456_2000, L"Fe 415", 324.8, 1.92},
+                  {ConcCode::is456_2000, L"Fe 415", 342.8, 2.41},
+                  {ConcCode::is456_2000, L"Fe 415", 351.8, 2.76},
+                  {ConcCode::is456_2000, L"Fe 415", 360.9, 3.80},
+                  {ConcCode::is456_2000, L"Fe 500", 347.8, 1.74},
+                  {ConcCode::is456_2000, L"Fe 500", 369.6, 1.95},
+                  {ConcCode::is456_2000, L"Fe 500", 391.3, 2.26},
+                  {ConcCode::is456_2000, L"Fe 500", 413.0, 2.77},
+                  {ConcCode::is456_2000, L"Fe 500", 423.9, 3.12},
+                  {ConcCode::is456_2000, L"Fe 500", 434.8, 4.17},
+                  // BS 8110-1, Figure 2.3, by hand.
+                  {ConcCode::bs8110_1997, L"Strand 1860", 1417.1, 7.27},
+                  {ConcCode::bs8110_1997, L"Strand 1860", 1771.4, 14.08},
+                  {ConcCode::bs8110_2005, L"Wire 1670", 1161.7, 5.67},
+                  {ConcCode::bs8110_2005, L"Wire 1670", 1452.2, 12.08}};
+  for (const auto& c : kCorners) {
+    SCOPED_TRACE(c.stress);
+    const CConcCode code(c.code, CCountry::Code::none);
+    const CMatCurveParam& curve = Named(code.Data().reinforcements, c.name).Curve(LoadState::ULS);
+    // 0.1 MPa off at the flattest branch, 17 GPa, is 0.006 per mille; half a digit comes on top.
+    EXPECT_NEAR(curve.Strain(c.stress * 1e6) * 1e3, c.strain, 0.011);
+    EXPECT_NEAR(curve.Strain(-c.stress * 1e6) * 1e3, -c.strain, 0.011);
+    EXPECT_NEAR(curve.Stress(0.09), curve.Stress(0.03), 1.0);  // horizontal, far beyond
+  }
+}
+
 TEST(CConcCode, RefusesUnknownAnnexes) {
   EXPECT_THROW(CConcCode(ConcCode::en1992_2004, static_cast<CCountry::Code>(1)),
                std::invalid_argument);
