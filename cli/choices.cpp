@@ -63,7 +63,7 @@ Data::CUnit UnitsFrom(const std::vector<std::string>& items, Data::CUnit units) 
 
 int FindGrade(const VelmoApp& app, MatType type, const std::string& name) {
   const Data::Materials& materials = *app.pData()->getMaterials();
-  const Data::Design::CConcCodeData& code = *app.pData()->CodePointer();
+  const Data::Design::CConcCodeData& code = app.pData()->concreteCode().Data();
   const std::wstring wanted = !name.empty()               ? to_wstring(name)
                               : type == MatType::concrete ? code.usualConcrete
                                                           : code.usualReinforcement;
