@@ -106,8 +106,9 @@ class Queue {
   bool isUsing_{};
 };
 
-// Cases a thread takes at a time: enough that taking them costs nothing, few enough that the
-// threads end together and progress is told a few hundred times a second.
+// Cases in a row for one thread; the rows are dealt out in turn. Enough that neighbours write
+// apart, few enough that the threads end together and progress is told a few hundred times a
+// second.
 std::ptrdiff_t ChunkFor(std::ptrdiff_t count) {
   constexpr std::ptrdiff_t kMost = 128;
   constexpr std::ptrdiff_t kPerThread = 16;
@@ -125,7 +126,7 @@ bool ForEachCase(std::ptrdiff_t count, const std::function<void(std::ptrdiff_t)>
   std::atomic<bool> isStopped{false};
   std::atomic<std::ptrdiff_t> done{0};
 #ifdef _OPENMP
-#pragma omp parallel for schedule(dynamic, 1) if (count > 1)  // one case needs no team
+#pragma omp parallel for schedule(static, 1) if (count > 1)  // one case needs no team
 #endif
   for (std::ptrdiff_t c = 0; c < numChunks; ++c) {
     if (isStopped) continue;
