@@ -47,10 +47,10 @@ semicolons or tabs. Tension is positive. A cell that is wrong is named by its li
 the document stays as it was. The name - reads standard input.)";
 
 std::string TextFrom(const std::string& from) {
+  errno = 0;
   std::ifstream file;
   if (from != "-") file.open(from, std::ios::binary);
   std::istream& in = from == "-" ? std::cin : file;
-  errno = 0;
   std::string text;
   std::string block(1 << 20, '\0');
   while (in.read(block.data(), std::ssize(block)) || in.gcount() > 0) {
