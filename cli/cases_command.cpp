@@ -89,7 +89,7 @@ void PrintLargest(std::span<const TaskCase> cases, LoadAction action, const Unit
 }
 
 int Run(const Arguments& arguments) {
-  VelmoApp app = OpenForUse(arguments.document);
+  VelmoApp app = OpenForEdit(arguments.document);
   Data::CVelmoData& document = *app.pData();
   const int iSec = IndexFrom(arguments.section, document.NumSections(), "section");
   const int numTasks = static_cast<int>(document.Section(iSec).Tasks().size());

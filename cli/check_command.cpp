@@ -29,7 +29,8 @@ constexpr const char* kExample = R"(Example:
   velmo check column.json --section 1 --task 1
 
 Each line says what keeps a task from being solved. Tasks whose cases preload another one are solved
-first, in memory; the task that is checked is not. Exit status 1 when there is any message.)";
+first, in memory; the task that is checked is not. Exit status 1 when there is any message,
+also about values of the document that were not understood.)";
 
 // What keeps a section and tasks of it from being solved, each message once.
 std::vector<std::string> MessagesOf(VelmoApp& app, int iSec, const std::vector<int>& tasks) {
@@ -54,7 +55,7 @@ int Run(const Arguments& arguments) {
   const auto sections = ChosenIndices(arguments.section, document.NumSections(), "section");
   if (sections.empty()) throw CommandError(arguments.document + ": there is no section to check");
   std::size_t numTasks = 0;
-  bool isAny = false;
+  bool isAny = !document.ReadProblems().empty();
   for (const int iSec : sections) {
     const auto count = static_cast<int>(document.Section(iSec).Tasks().size());
     const std::vector<int> tasks = ChosenIndices(arguments.task, count, "task");

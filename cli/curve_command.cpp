@@ -114,7 +114,7 @@ int Run(const Arguments& arguments) {
   const MatType type = Named(kTypes, arguments.type, "--type");
   const LoadState state = Named(kStates, arguments.state, "--state");
   const LoadSign sign = Named(kSigns, arguments.sign, "--sign");
-  VelmoApp app = OpenForUse(arguments.document);
+  VelmoApp app = OpenForEdit(arguments.document);
   const int grade = FindGrade(app, type, arguments.grade);
   std::string text = TextOf(arguments.file);
   const UnitText units(app.pData()->Units());

@@ -98,6 +98,20 @@ VelmoApp OpenForUse(const std::filesystem::path& path) {
   return app;
 }
 
+VelmoApp OpenForEdit(const std::filesystem::path& path) {
+  VelmoApp app = OpenForUse(path);
+  if (app.pData()->FilePath().empty()) {
+    throw CommandError(path.string() +
+                       ": is of the older format; `velmo convert` makes a document of it");
+  }
+  if (!app.pData()->ReadProblems().empty()) {
+    throw CommandError(path.string() +
+                       ": what was not understood would be lost; put it right first, nothing was "
+                       "changed");
+  }
+  return app;
+}
+
 std::string ProblemText(const Data::ReadProblem& problem) {
   return (problem.path.empty() ? "document" : Printable(problem.path)) + ": found " +
          Printable(problem.found) + ", expected " + problem.expected;

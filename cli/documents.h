@@ -16,6 +16,11 @@ VelmoApp OpenDocument(const std::filesystem::path& path);
 /// many, names the first and where to learn of the others.
 VelmoApp OpenForUse(const std::filesystem::path& path);
 
+/// As OpenForUse, of a document that is going to be replaced by what comes of it.
+/// @throws CommandError, too, when that would lose something: parts that were not taken over, or a
+/// file of the older format.
+VelmoApp OpenForEdit(const std::filesystem::path& path);
+
 /// "sections[1].tasks[1].sls: found 3, expected ...".
 std::string ProblemText(const Data::ReadProblem& problem);
 

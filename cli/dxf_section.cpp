@@ -28,7 +28,7 @@ const std::map<std::string, BarSystem> kBarSystems = {
 VelmoApp DocumentFor(const DxfSectionArguments& arguments) {
   const bool isThere = std::filesystem::exists(std::filesystem::status(arguments.document));
   VelmoApp app;
-  if (isThere) app = OpenForUse(arguments.document);
+  if (isThere) app = OpenForEdit(arguments.document);
   if (arguments.code.empty() && arguments.annex.empty()) return app;
   const Data::Design::CodeChoice& choice = FindCode(arguments.code, arguments.annex);
   if (!isThere) {

@@ -64,7 +64,7 @@ int Add(const Arguments& arguments) {
   if (arguments.file.empty() == arguments.shape.empty()) {
     throw CommandError("give either a JSON file or --template");
   }
-  VelmoApp app = OpenForUse(arguments.document);
+  VelmoApp app = OpenForEdit(arguments.document);
   Data::CVelmoData& document = *app.pData();
   if (arguments.file.empty()) {
     AddTemplate(
@@ -88,7 +88,7 @@ int Replace(const Arguments& arguments) {
   if (arguments.file.empty() && arguments.name.empty()) {
     throw CommandError("give a JSON file or --name");
   }
-  VelmoApp app = OpenForUse(arguments.document);
+  VelmoApp app = OpenForEdit(arguments.document);
   const int iSec = OneIndexFrom(arguments.section, app.pData()->NumSections(), "section");
   if (!arguments.file.empty()) {
     Util::JsonDocument json;
@@ -102,7 +102,7 @@ int Replace(const Arguments& arguments) {
 }
 
 int Delete(const Arguments& arguments) {
-  VelmoApp app = OpenForUse(arguments.document);
+  VelmoApp app = OpenForEdit(arguments.document);
   const int iSec = OneIndexFrom(arguments.section, app.pData()->NumSections(), "section");
   app.deleteSection(iSec);
   return Save(app, arguments, Place(iSec) + " deleted");

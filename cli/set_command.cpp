@@ -13,6 +13,8 @@
 #include "cli/json_input.h"
 #include "cli/option_checks.h"
 #include "model/oxutil/json.h"
+#include "model/oxutil/text.h"
+#include "model/vldata/document/unit_keys.h"
 
 namespace Orlix::Cli {
 
@@ -61,6 +63,19 @@ void ChangeCode(VelmoApp& app, const Arguments& arguments) {
   }
 }
 
+// Through the facade, which sees to the lengths of bar descriptions that have no unit.
+void ChangeUnits(VelmoApp& app, const Data::CUnit& units) {
+  Util::JsonDocument json(rapidjson::kObjectType);
+  auto& allocator = json.GetAllocator();
+  for (const auto& [key, dimension] : Data::kUnitKeys) {
+    Util::JsonValue unit(rapidjson::kObjectType);
+    const std::string label = to_string(units.UnitString(dimension));
+    unit.AddMember("label", Util::JsonValue(label.c_str(), allocator), allocator);
+    json.AddMember(rapidjson::StringRef(key), unit, allocator);
+  }
+  app.setUnits(json);
+}
+
 bool IsAnythingSaid(const Arguments& a) {
   return a.title || a.part || a.description || a.jobNumber || a.initials || !a.units.empty() ||
          !a.code.empty() || !a.annex.empty() || !a.grade.empty();
@@ -70,9 +85,11 @@ int Run(const Arguments& arguments) {
   if (!IsAnythingSaid(arguments)) {
     throw CommandError("say what to change; `velmo set --help` lists what there is");
   }
-  VelmoApp app = OpenForUse(arguments.document);
+  VelmoApp app = OpenForEdit(arguments.document);
   SetTitles(*app.pData(), arguments);
-  app.pData()->SetUnits(UnitsFrom(arguments.units, app.pData()->Units()));
+  if (!arguments.units.empty()) {
+    ChangeUnits(app, UnitsFrom(arguments.units, app.pData()->Units()));
+  }
   if (!arguments.code.empty() || !arguments.annex.empty()) ChangeCode(app, arguments);
   if (!arguments.grade.empty()) {
     Util::JsonDocument json;

@@ -89,7 +89,7 @@ int Save(VelmoApp& app, const Arguments& arguments, const std::string& done) {
 }
 
 int Add(const Arguments& arguments) {
-  VelmoApp app = OpenForUse(arguments.document);
+  VelmoApp app = OpenForEdit(arguments.document);
   const int iSec = SectionOf(app, arguments);
   const VelmoSection& section = app.pData()->Section(iSec);
   app.addTask(iSec, TaskFrom(arguments, section, AnalysisTask()));
@@ -97,7 +97,7 @@ int Add(const Arguments& arguments) {
 }
 
 int Replace(const Arguments& arguments) {
-  VelmoApp app = OpenForUse(arguments.document);
+  VelmoApp app = OpenForEdit(arguments.document);
   const int iSec = SectionOf(app, arguments);
   const int iTask = TaskOf(app, iSec, arguments.task);
   const VelmoSection& section = app.pData()->Section(iSec);
@@ -106,7 +106,7 @@ int Replace(const Arguments& arguments) {
 }
 
 int Delete(const Arguments& arguments) {
-  VelmoApp app = OpenForUse(arguments.document);
+  VelmoApp app = OpenForEdit(arguments.document);
   const int iSec = SectionOf(app, arguments);
   const int iTask = TaskOf(app, iSec, arguments.task);
   const bool isReferenced = app.IsTaskReferenced(iSec, iTask);

@@ -79,7 +79,7 @@ void TaskOptions::AddTo(CLI::App& command) {
   command.add_option("--load-term", loadTerm_, "How long the loads act: short, long, intermediate")
       ->check(CLI::IsMember({"short", "long", "intermediate"}));
   command.add_option("--creep", creep_, "Creep coefficient of loads that act long")
-      ->check(CLI::NonNegativeNumber);
+      ->check(CLI::Range(0.0, 100.0));  // more is not solved
   command
       .add_option("--long-term-share", longTermShare_,
                   "Part of the load that acts long, with the load term intermediate")

@@ -62,6 +62,38 @@ class Editing(unittest.TestCase):
         self.run_velmo("set", "column.json", status=2)
         self.assertEqual(self.document(), before)
 
+    def test_writing_loses_nothing(self):
+        path = os.path.join(self.folder, "column.json")
+        broken = self.document()
+        broken["sections"][0]["tasks"][0]["cases"][0]["N"] = "much"
+        older = os.path.join(os.path.dirname(__file__), "../../examples/deck-strip.velmo")
+        with open(older, encoding="utf-8") as file:
+            contents = [(json.dumps(broken), "not understood"), (file.read(), "velmo convert")]
+        for content, message in contents:
+            with open(path, "w", encoding="utf-8") as file:
+                file.write(content)
+            for line in [["set", "column.json", "--title", "x"],
+                         ["section", "delete", "column.json", "--section", "1"],
+                         ["task", "add", "column.json", "--section", "1"]]:
+                with self.subTest(line=line, message=message):
+                    self.assertIn(message, self.run_velmo(*line, status=2).stderr)
+                    with open(path, encoding="utf-8") as file:
+                        self.assertEqual(file.read(), content)
+        with open(path, "w", encoding="utf-8") as file:
+            json.dump(broken, file)
+        self.run_velmo("check", "column.json", status=1)
+
+    def test_another_unit_moves_no_bar(self):
+        document = self.document()
+        document["sections"][0]["components"][0]["barDescriptions"] = [
+            {"text": "4B20 bottom cover 40", "grade": "B500B"},
+            {"text": "2B16 line (-100, 190) (100, 190)", "grade": "B500B"}]
+        with open(os.path.join(self.folder, "column.json"), "w", encoding="utf-8") as file:
+            json.dump(document, file)
+        before = self.run_velmo("solve", "column.json", "--json").stdout
+        self.run_velmo("set", "column.json", "--units", "sectionDims=in")
+        self.assertEqual(self.run_velmo("solve", "column.json", "--json").stdout, before)
+
     def test_references_follow_their_task(self):
         for options in [[], [], ["--preload", "2,1"]]:
             self.run_velmo("task", "add", "column.json", "--section", "1", "--name", "t",

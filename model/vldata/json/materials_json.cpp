@@ -33,22 +33,24 @@ double Required(ObjectReader& reader, std::string_view name, const CMat* known, 
   return number.value_or(fallback);
 }
 
-// What a grade starts from whose name the code does not have. Partial factors would come on top of
-// strength reduction, so under a code with that it is the standard grade nearest in strength.
+// What a grade starts from whose name the code does not have: the code's safety factors and curves.
+// A concrete is like the standard one nearest in strength, a bar or steel like the first of its
+// table, a plain bar.
 CMat OwnGrade(ObjectReader& reader, MatType type, const Design::CConcCodeData& code) {
-  CMat own(type);
-  const Util::JsonValue* given = reader.Find("f_k");
-  if (!code.strengthReduction || given == nullptr || !given->IsNumber()) return own;
-  double smallest = std::numeric_limits<double>::infinity();
   const std::shared_ptr<Materials> standard = StandardMaterials(code);
+  const Util::JsonValue* given = reader.Find("f_k");
+  if (standard->NumGrades(type) == 0 || given == nullptr || !given->IsNumber()) return CMat(type);
+  if (type != MatType::concrete) return standard->Grade(type, 0);
+  int nearest = 0;
+  double smallest = std::numeric_limits<double>::infinity();
   for (int i = 0; i < standard->NumGrades(type); ++i) {
-    const CMat& grade = standard->Grade(type, i);
-    const double difference = std::abs(grade.Properties().f_k - given->GetDouble());
+    const double difference =
+        std::abs(standard->Grade(type, i).Properties().f_k - given->GetDouble());
     if (difference >= smallest) continue;
     smallest = difference;
-    own = grade;
+    nearest = i;
   }
-  return own;
+  return standard->Grade(type, nearest);
 }
 
 void ReadTable(const Util::JsonValue& array, const JsonPath& path, MatType type,
