@@ -78,7 +78,8 @@ void AddMaterial(Hash& hash, const Materials& materials, MatType type, int grade
   for (const double number : {p.f_k, p.E, p.f_ct, p.alpha, p.gamma}) hash.Add(number);
 }
 
-void AddComponent(Hash& hash, const Materials& materials, const CSecComp& component) {
+void AddComponent(Hash& hash, const Materials& materials, const CSecComp& component,
+                  bool inService) {
   AddMaterial(hash, materials, component.MaterialType(), component.MaterialGrade());
   AddGeometry(hash, component.Geometry());
   if (!component.ConcreteExist()) return;
@@ -86,6 +87,7 @@ void AddComponent(Hash& hash, const Materials& materials, const CSecComp& compon
   for (const CBar& bar : component.Concrete().Bars()) {
     hash.Add(bar.Position());
     hash.Add(bar.Area());
+    if (inService) hash.Add(bar.Diameter());  // crack widths read it
     hash.Add(static_cast<int>(bar.GetPreload().kind));
     hash.Add(bar.GetPreload().value);
     AddMaterial(hash, materials, MatType::reinforcement, bar.Grade());
@@ -148,7 +150,7 @@ std::uint64_t ResultsStamp(const CVelmoData& document, const VelmoSection& secti
     const int i = index++;
     if (!task.IncludesComponent(i)) continue;
     hash.Add(i);
-    AddComponent(hash, materials, component);
+    AddComponent(hash, materials, component, task.ComputesSLS());
   }
   return hash.Value();
 }

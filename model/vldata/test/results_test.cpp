@@ -142,11 +142,12 @@ TEST(AnalysisTask, IsWrittenWithTheCasesAndNamesAskedFor) {
 TEST(ResultsStamp, ChangesWithWhatDecidesTheResultsAndWithNothingElse) {
   using Document = CVelmoData;
   using Section = VelmoSection;
-  const auto bar = [](Vec2<double> place, double area, const Preload& preload) {
+  const auto bar = [](Vec2<double> place, double area, const Preload& preload,
+                      double diameter = 0.02) {
     return [=](Document&, Section& section) {
       auto& concrete = section.Components()[0].Concrete();
       Reinforcement reinforcement = concrete.GetReinforcement();
-      reinforcement.bars[0] = CBar(place, 0.02, area, reinforcement.bars[0].Grade(), preload);
+      reinforcement.bars[0] = CBar(place, diameter, area, reinforcement.bars[0].Grade(), preload);
       concrete.SetReinforcement(reinforcement);
     };
   };
@@ -183,6 +184,8 @@ TEST(ResultsStamp, ChangesWithWhatDecidesTheResultsAndWithNothingElse) {
       {"the place of a bar", true, false, bar({0.1, 0.21}, 3.14e-4, {})},
       {"the area of a bar", true, false, bar({0.1, 0.2}, 3e-4, {})},
       {"the preload of a bar", true, false, bar({0.1, 0.2}, 3.14e-4, {PreloadKind::strain, 1e-3})},
+      {"the diameter of a bar alone", false, false, bar({0.1, 0.2}, 3.14e-4, {}, 0.025)},
+      {"the same in service", true, true, bar({0.1, 0.2}, 3.14e-4, {}, 0.025)},
       {"a vertex", true, false,
        [](Document&, Section& s) {
          s.Components()[0].SetGeometry(Rectangle(0.4, 0.6, {0.0, 1e-9}));
