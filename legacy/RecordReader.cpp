@@ -123,6 +123,12 @@ bool RecordReader::Split(std::string_view line) {
   return true;
 }
 
+bool RecordReader::IsFirst(std::set<std::string, std::less<>>& seen) {
+  if (seen.emplace(keyword_).second) return true;
+  Problem(keyword_ + " stands twice");
+  return false;
+}
+
 std::optional<std::string> RecordReader::OptionalText() {
   if (!HasField()) return std::nullopt;
   return fields_[nextField_++].text;

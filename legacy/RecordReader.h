@@ -1,7 +1,9 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <optional>
+#include <set>
 #include <span>
 #include <string>
 #include <string_view>
@@ -38,6 +40,9 @@ class RecordReader {
   std::size_t Line() const { return line_; }
   /// Whether nothing was wrong with this record up to now.
   bool IsSound() const { return isSound_; }
+
+  /// Whether the keyword is not yet among those seen, to which it is added; a problem otherwise.
+  bool IsFirst(std::set<std::string, std::less<>>& seen);
 
   /// The next field. Missing, it is a problem and empty. @param what  what the field is, for
   /// problems

@@ -19,13 +19,6 @@ using Data::CTitles;
 using Data::CUnit;
 using Data::Design::CodeChoice;
 
-// Whether a keyword stands in a module for the first time; a problem otherwise.
-bool IsFirst(RecordReader& record, std::set<std::string, std::less<>>& seen) {
-  if (seen.emplace(record.Keyword()).second) return true;
-  record.Problem(std::string(record.Keyword()) + " stands twice");
-  return false;
-}
-
 // A code by its name in files of the older format, with the name and annex that it has here.
 struct CodeName {
   std::string_view inFile;
@@ -92,7 +85,7 @@ void ReadTitles(Context& context) {
     });
     if (member == kMembers.end()) {
       record.ReportUnknown();
-    } else if (IsFirst(record, seen)) {
+    } else if (record.IsFirst(seen)) {
       titles.*member->second = record.Text("title");
     }
   }
@@ -118,7 +111,7 @@ void ReadUnits(Context& context) {
                      [&](const auto& entry) { return entry.first == record.Keyword(); });
     if (dimension == kDimensions.end()) {
       record.ReportUnknown();
-    } else if (IsFirst(record, seen)) {
+    } else if (record.IsFirst(seen)) {
       const std::string text = record.Text("unit");
       if (record.IsSound() && !units.SetUnitString(dimension->second, cstr(text))) {
         record.Problem("\"" + text + "\" is no unit of this kind");
@@ -139,7 +132,7 @@ void ReadCodes(Context& context) {
     const bool isCode = record.Keyword() == "CONCRETE_CODE";
     if (!isCode && record.Keyword() != "DISPLACED_CONCRETE") {
       record.ReportUnknown();
-    } else if (!IsFirst(record, seen)) {
+    } else if (!record.IsFirst(seen)) {
       continue;
     } else if (isCode) {
       ReadCode(record, context);

@@ -1,8 +1,10 @@
 #include "legacy/tasks_module.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstddef>
+#include <functional>
 #include <optional>
 #include <set>
 #include <string>
@@ -59,6 +61,7 @@ class TasksReader {
  private:
   void Begin() {
     task_ = {};
+    seen_.clear();
     if (context_.MayLackSections()) {
       record_.Text("number of the section");
     } else {
@@ -79,23 +82,26 @@ class TasksReader {
   }
 
   void ReadRecord() {
-    const std::string_view keyword = record_.Keyword();
-    if (keyword == "CASE") {
-      ReadCase();
-    } else if (keyword == "COMPONENTS") {
-      task_.SetIncludedComponents(ReadComponents());
-    } else if (keyword == "CREEP") {
-      ReadCreep();
-    } else if (keyword == "PHI_FACTORS") {
-      ReadPhi();
-    } else if (keyword == "PRELOAD") {
-      ReadPreload();
-    } else if (keyword == "BARS_ADDED_LATER") {
-      ReadLaterBars();
-    } else {
+    using Reading = void (TasksReader::*)();
+    constexpr std::array<std::pair<std::string_view, Reading>, 6> kRecords = {{
+        {"CASE", &TasksReader::ReadCase},
+        {"COMPONENTS", &TasksReader::ReadIncluded},
+        {"CREEP", &TasksReader::ReadCreep},
+        {"PHI_FACTORS", &TasksReader::ReadPhi},
+        {"PRELOAD", &TasksReader::ReadPreload},
+        {"BARS_ADDED_LATER", &TasksReader::ReadLaterBars},
+    }};
+    const auto known = std::find_if(kRecords.begin(), kRecords.end(), [this](const auto& entry) {
+      return entry.first == record_.Keyword();
+    });
+    if (known == kRecords.end()) {
       record_.ReportUnknown();
+    } else if (known->first == "CASE" || record_.IsFirst(seen_)) {
+      (this->*known->second)();
     }
   }
+
+  void ReadIncluded() { task_.SetIncludedComponents(ReadComponents()); }
 
   void ReadCase() {
     Data::Velmo9::TaskCase taskCase;
@@ -178,6 +184,7 @@ class TasksReader {
   bool isOpen_{};
   int section_{-1};
   AnalysisTask task_;
+  std::set<std::string, std::less<>> seen_;  // records of the task
   std::size_t numTasks_{};
 };
 

@@ -225,6 +225,7 @@ TEST_F(LegacyFile, NamesTheModulesAndTheLinesThatAreWrong) {
       {"OUTLINE\n", "", "SECTIONS", 52, "before the first OUTLINE"},
       {"TASK 2", "TASK 3", "TASKS", 61, "a whole number, 1 to 2"},
       {"CREEP LONG 2", "CREEP LONG 2 0.5", "TASKS", 59, "one field more"},
+      {"CREEP LONG 2", "CREEP LONG 2\nCREEP SHORT 0", "TASKS", 60, "stands twice"},
       {"COMPONENTS 1", "COMPONENTS 1 2", "TASKS", 62, "a whole number, 1 to 1"},
       {"PRELOAD 1 1\n", "", "TASKS", 64, "before the PRELOAD"},
       {"CASE bent", "CASE=bent", "TASKS", 66, "is no record"},
