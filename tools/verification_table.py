@@ -28,6 +28,7 @@ HEADINGS = {
     "sls": "Serviceability",
     "composite": "Composite sections",
     "phi": "Strength reduction",
+    "crack": "Crack widths",
 }
 
 

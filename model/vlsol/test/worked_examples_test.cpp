@@ -10,6 +10,7 @@
 
 #include "model/oxutil/json.h"
 #include "model/vlsol/test/case_document.h"
+#include "model/vlsol/test/worked_crack.h"
 #include "model/vlsol/test/worked_example.h"
 
 namespace Orlix::VlSol::Test {
@@ -54,7 +55,16 @@ void Compare(const JsonValue& json, const std::string& quantity, double want, do
   EXPECT_NEAR(got, want, want == 0.0 ? tolerance : tolerance * std::abs(want)) << quantity;
 }
 
+void CheckFormulas(const JsonValue& json) {
+  for (const JsonValue& expected : json["expected"].GetArray()) {
+    const std::string quantity = expected["quantity"].GetString();
+    Compare(json, quantity, expected["value"].GetDouble(), CrackQuantity(json["load"], quantity),
+            expected["tol_rel"].GetDouble());
+  }
+}
+
 void CheckExample(const JsonValue& json) {
+  if (std::string(json["load"]["kind"].GetString()) == "formula") return CheckFormulas(json);
   WorkedExample example(json);
   const std::vector<WorkedExample::State> states = example.Solve();
   for (const JsonValue& expected : json["expected"].GetArray()) {
@@ -98,7 +108,7 @@ TEST_P(WorkedExamples, GiveThePublishedValues) {
 
 INSTANTIATE_TEST_SUITE_P(Group, WorkedExamples,
                          testing::Values("derived", "uls", "nm", "biaxial", "circular", "plane",
-                                         "prestress", "sls", "composite", "phi"),
+                                         "prestress", "sls", "composite", "phi", "crack"),
                          [](const auto& group) { return std::string(group.param); });
 
 }  // namespace

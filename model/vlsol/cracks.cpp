@@ -1,0 +1,119 @@
+#include "model/vlsol/cracks.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <limits>
+#include <utility>
+#include <variant>
+
+#include "model/vlsol/surface_cracks.h"
+#include "model/vlsol/tie_cracks.h"
+
+namespace Orlix::VlSol {
+namespace {
+
+using Data::Velmo9::CCrack;
+using Data::Velmo9::SlsCaseSolution;
+
+// The rule, by its kind.
+struct Finder {
+  const CrackState& state;
+  double longShare;
+  CrackSink& sink;
+
+  void operator()(const Data::Design::En1992::CrackWidthParameters& rule) const {
+    FindTieCracks(rule, state, longShare, sink);
+  }
+  void operator()(const Data::Design::Bs8110::CrackWidthParameters& rule) const {
+    FindSurfaceCracks(rule, state, sink);
+  }
+};
+
+class Widest : public CrackSink {
+ public:
+  void Add(const CCrack& crack) override { width_ = std::max(width_, crack.width); }
+  double Width() const { return width_; }
+
+ private:
+  double width_{};
+};
+
+// Keeps the widest crack of each bar and face.
+class Collection : public CrackSink {
+ public:
+  void Add(const CCrack& crack) override {
+    const auto same = std::find_if(cracks_.begin(), cracks_.end(), [&](const CCrack& c) {
+      return c.face == crack.face && c.bar == crack.bar;
+    });
+    if (same == cracks_.end()) {
+      cracks_.push_back(crack);
+    } else if (crack.width > same->width) {
+      *same = crack;
+    }
+  }
+  std::vector<CCrack> Sorted() && {
+    std::stable_sort(cracks_.begin(), cracks_.end(),
+                     [](const CCrack& a, const CCrack& b) { return a.width > b.width; });
+    return std::move(cracks_);
+  }
+
+ private:
+  std::vector<CCrack> cracks_;
+};
+
+bool IsCracked(const SlsCaseSolution& solution) {
+  return solution.solved && solution.crackingUtilisation > 1.0;
+}
+
+}  // namespace
+
+CrackModel::CrackModel(const Data::Design::CrackWidthRule& rule,
+                       std::vector<CrackComponent> components, double longShare)
+    : rule_(rule), components_(std::move(components)), longShare_(longShare) {}
+
+std::shared_ptr<const CrackModel> CrackModel::Of(
+    const Data::CVelmoData& document, const Data::Velmo9::VelmoSection& section, int iTask,
+    const Data::Velmo9::DetailedIntegrationResult::ComponentMap& cracked) {
+  const auto& rule = document.concreteCode().Data().crackWidth;
+  if (!rule || !section.hasConcreteComponent(iTask)) return nullptr;
+  return std::make_shared<const CrackModel>(*rule,
+                                            CrackComponent::Of(document, section, iTask, cracked),
+                                            section.Task(iTask).Creep().LongShare());
+}
+
+double CrackModel::LargestWidth(const SlsCaseSolution& solution) const {
+  if (!solution.solved) return std::numeric_limits<double>::infinity();
+  if (!IsCracked(solution)) return 0.0;
+  Widest widest;
+  for (const CrackComponent& component : components_) {
+    const CrackState state(component, Data::Velmo9::Deformation(solution.cracked));
+    if (state.IsInTension()) std::visit(Finder{state, longShare_, widest}, rule_);
+  }
+  return widest.Width();
+}
+
+std::map<int, std::vector<CCrack>> CrackModel::Cracks(const SlsCaseSolution& solution) const {
+  std::map<int, std::vector<CCrack>> cracks;
+  if (!IsCracked(solution)) return cracks;
+  for (const CrackComponent& component : components_) {
+    Collection collection;
+    const CrackState state(component, Data::Velmo9::Deformation(solution.cracked));
+    if (state.IsInTension()) std::visit(Finder{state, longShare_, collection}, rule_);
+    std::vector<CCrack> found = std::move(collection).Sorted();
+    if (!found.empty()) cracks.emplace(component.index, std::move(found));
+  }
+  return cracks;
+}
+
+std::map<int, std::vector<CCrack>> CracksOf(const Data::CVelmoData& document,
+                                            const Data::Velmo9::VelmoSection& section, int iTask,
+                                            int iCase) {
+  const auto& task = section.Task(iTask);
+  const auto& results = task.Results();
+  if (!task.ComputesSLS() || !task.IsCaseAnalysed(iCase) || !results) return {};
+  const auto model = CrackModel::Of(document, section, iTask, *results->crackedComponents);
+  if (model == nullptr) return {};
+  return model->Cracks(results->sls[static_cast<std::size_t>(iCase)]);
+}
+
+}  // namespace Orlix::VlSol
