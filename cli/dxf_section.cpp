@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <iostream>
 #include <map>
+#include <system_error>
 #include <vector>
 
 #include "bridge/drawing_section.h"
@@ -11,6 +12,8 @@
 #include "cli/commands.h"
 #include "cli/documents.h"
 #include "cli/option_checks.h"
+#include "cli/printable.h"
+#include "model/oxutil/text.h"
 
 namespace Orlix::Cli {
 namespace {
@@ -26,7 +29,12 @@ const std::map<std::string, BarSystem> kBarSystems = {
 
 // A document that is there keeps its code; one that is made takes the code asked for.
 VelmoApp DocumentFor(const DxfSectionArguments& arguments) {
-  const bool isThere = std::filesystem::exists(std::filesystem::status(arguments.document));
+  std::error_code failure;
+  const auto status = std::filesystem::status(arguments.document, failure);
+  if (!std::filesystem::status_known(status)) {
+    throw CommandError(arguments.document + ": " + failure.message());
+  }
+  const bool isThere = std::filesystem::exists(status);
   VelmoApp app;
   if (isThere) app = OpenForEdit(arguments.document);
   if (arguments.code.empty() && arguments.annex.empty()) return app;
@@ -78,8 +86,7 @@ int AddDrawingToDocument(const DxfSectionArguments& arguments,
   Bridge::DrawingSettings settings;
   settings.name = arguments.name;
   settings.concreteGrade = FindGrade(app, MatType::concrete, arguments.concrete);
-  settings.rebarGrade =
-      FindGrade(app, MatType::reinforcement, arguments.reinforcement);
+  settings.rebarGrade = FindGrade(app, MatType::reinforcement, arguments.reinforcement);
   settings.origin = arguments.origin == "drawing" ? Bridge::DrawingOrigin::asDrawn
                                                   : Bridge::DrawingOrigin::centroid;
   settings.barSizes = BarSizesFor(arguments, app);
@@ -91,11 +98,12 @@ int AddDrawingToDocument(const DxfSectionArguments& arguments,
 
   app.AddSection(made.section).AddTask();
   std::vector<std::string> checks;
-  app.preSolutionChecksPassed(checks, app.pData()->NumSections() - 1);
+  app.preSolutionChecksPassed(checks, app.pData()->NumSections() - 1, 0);
   for (const std::string& line : checks) std::cerr << "warning: " << line << '\n';
   SaveDocument(app, arguments.document);
   const std::string number = std::to_string(app.pData()->NumSections());
-  out << arguments.document << ": section " << number << " \"" << arguments.name
+  out << arguments.document << ": section " << number << " \""
+      << Printable(ValidUtf8(arguments.name))
       << "\" added, with one task without cases; `velmo cases " << arguments.document
       << " --section " << number << " --task 1 --from loads.csv` gives it loads\n";
   return kDone;

@@ -84,6 +84,41 @@ class VelmoDxf(unittest.TestCase):
         self.assertEqual(len(self.run_on(drawing("0 LINE " * 100), "--all", exit_code=1)[1]
                              .splitlines()), 101)
 
+    def test_a_section_goes_into_a_document_or_the_document_stays(self):
+        outline = OUTLINE.format(layer="0")
+        crossing = outline.replace("300 20 500 10 0", "0 20 500 10 300")
+        bars = BARS.replace("nan", "10") + "0 CIRCLE 8 REBAR 10 150 20 495 40 8 "
+        with tempfile.TemporaryDirectory() as folder:
+            document = pathlib.Path(folder, "d.json")
+            path = pathlib.Path(folder, "pier.dxf")
+
+            def velmo(*words):
+                done = subprocess.run([VELMO, *map(str, words)], capture_output=True, timeout=60)
+                return done.returncode, done.stdout.decode(), done.stderr.decode()
+
+            path.write_bytes(drawing(outline + bars))
+            code, out, err = velmo("dxf", path, "--into", document)
+            self.assertEqual((code, err),
+                             (0, "warning: Component 1, bar 3 reaches out of the section.\n"))
+            self.assertIn('section 1 "pier" added', out)
+            path.write_bytes(drawing(outline + bars.replace("495", "450")))
+            self.assertEqual(velmo("dxf", path, "--into", document, "--name", "b")[::2], (0, ""))
+            velmo("task", "replace", document, "--section", 2, "--task", 1, "--case", "-1e6,1e4,0")
+            self.assertEqual(velmo("solve", document, "--section", 2, "--strict")[0], 0)
+
+            saved = document.read_bytes()
+            for entities, options, want in (
+                    (bars, (), (1, "No OUTER boundary")),
+                    (crossing, (), (1, "make no section")),
+                    (outline, ("--grade", "C1/2"), (2, "is not known")),
+                    (outline, ("--code", "ACI 318-19"), (2, "its code is"))):
+                with self.subTest(want=want):
+                    path.write_bytes(drawing(entities))
+                    code, _, err = velmo("dxf", path, "--into", document, *options)
+                    self.assertEqual(code, want[0])
+                    self.assertIn(want[1], err)
+                    self.assertEqual(document.read_bytes(), saved)
+
 
 if __name__ == "__main__":
     unittest.main()
