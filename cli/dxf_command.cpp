@@ -1,5 +1,6 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <filesystem>
 #include <iostream>
@@ -98,16 +99,17 @@ void PrintDiagnostics(const std::vector<DxfDiagnostic>& diagnostics, std::size_t
   }
 }
 
-// "300 x 500", over the finite coordinates.
+// "300 x 500", over the finite coordinates; "? x 500" where there are none.
 std::string ExtentOf(const Polygon& polygon) {
   const auto widthOf = [&](double Vec3<double>::*axis) {
     double low = std::numeric_limits<double>::infinity();
     double high = -low;
     for (const Vec3<double>& vertex : polygon.vertices) {
+      if (!std::isfinite(vertex.*axis)) continue;
       low = std::min(low, vertex.*axis);
       high = std::max(high, vertex.*axis);
     }
-    return StringFrom(high - low);
+    return low > high ? std::string("?") : StringFrom(high - low);
   };
   return widthOf(&Vec3<double>::x) + " x " + widthOf(&Vec3<double>::y);
 }
