@@ -171,7 +171,9 @@ TEST(Document, SaysWhatItCouldNotTakeOver) {
       {R"("units": {"stress": "bar"})",
        "units.stress: \"bar\", the text of a unit of this dimension\n"},
       {R"("codes": {"concrete": "EN 1"})",
-       "codes.concrete: \"EN 1\", one of \"EN 1992-1-1:2004\", \"ACI 318-19\"\n"},
+       "codes.concrete: \"EN 1\", one of \"EN 1992-1-1:2004\", \"ACI 318-19\", \"ACI 318-14\", "
+       "\"BS 8110-1:1997\", \"BS 8110-1:1997 Amd 3\", \"HK CoP 2013\", \"IS 456:2000\", \"CSA "
+       "A23.3-14\"\n"},
       {R"("codes": {"concrete": "ACI 318-19", "annex": "UK"})",
        "codes.annex: \"UK\", no annex for this code\n"},
       {R"("options": {"deductDisplacedConcrete": 1})",
