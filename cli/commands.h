@@ -38,7 +38,7 @@ void AddDxfCommand(CLI::App& program, int& exitCode);
 void AddReportCommand(CLI::App& program, int& exitCode);
 void AddClipboardCommand(CLI::App& program, int& exitCode);
 void AddCurveCommand(CLI::App& program, int& exitCode);
-void AddCodesCommand(CLI::App& program, int& exitCode);
 void AddBenchCommand(CLI::App& program, int& exitCode);
+void AddCodesCommand(CLI::App& program, int& exitCode);
 
 }  // namespace Orlix::Cli

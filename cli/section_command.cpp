@@ -67,10 +67,8 @@ int Add(const Arguments& arguments) {
   VelmoApp app = OpenForEdit(arguments.document);
   Data::CVelmoData& document = *app.pData();
   if (arguments.file.empty()) {
-    AddTemplate(
-        document, arguments.shape,
-        FindGrade(app, MatType::concrete, arguments.concrete),
-        FindGrade(app, MatType::reinforcement, arguments.reinforcement));
+    AddTemplate(document, arguments.shape, FindGrade(app, MatType::concrete, arguments.concrete),
+                FindGrade(app, MatType::reinforcement, arguments.reinforcement));
   } else {
     Util::JsonDocument json;
     ReadJson(arguments.file, json);
