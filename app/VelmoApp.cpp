@@ -129,7 +129,8 @@ void VelmoApp::setUnits(const JsonValue& json) {
 
 void VelmoApp::setCodes(const JsonValue& json) {
   document_.SetCodes(json);
-  updateSections(false, {});  // the new code may have the grade that the letter of a size stands for
+  updateSections(false,
+                 {});  // the new code may have the grade that the letter of a size stands for
   MaterialsChanged();
 }
 

@@ -3,27 +3,11 @@
 #include <cmath>
 #include <vector>
 
-#include "model/oxnumeric/area_moments.h"
+#include "model/oxdata/section/component_overlay.h"
 
 namespace Orlix::Cli {
 
 namespace {
-
-// Adds a ring whichever way it runs; a hole with the weight -1.
-void Add(const std::vector<Vec2<double>>& ring, double weight, Numeric::AreaMoments& sum) {
-  const Numeric::AreaMoments m = Numeric::MomentsOf(ring);
-  const double factor = std::copysign(weight, weight * m.area);
-  sum.area += factor * m.area;
-  sum.sy += factor * m.sy;
-  sum.sz += factor * m.sz;
-}
-
-void Add(const Data::CSecComp& component, Numeric::AreaMoments& sum) {
-  for (const Data::SectionPolygon& polygon : component.Geometry().Polygons(0.0)) {
-    Add(polygon.outline, 1.0, sum);
-    for (const auto& hole : polygon.holes) Add(hole, -1.0, sum);
-  }
-}
 
 GrossArea From(const Numeric::AreaMoments& sum) {
   if (!(sum.area > 0.0)) return {};
@@ -36,15 +20,17 @@ GrossArea From(const Numeric::AreaMoments& sum) {
 }  // namespace
 
 GrossArea GrossAreaOf(const Data::CSecComp& component) {
-  Numeric::AreaMoments sum;
-  Add(component, sum);
-  return From(sum);
+  return From(Data::OutlineMoments(Data::GivenOutlines(component)));
 }
 
 GrossArea GrossConcreteOf(const Data::CSection& section) {
-  Numeric::AreaMoments sum;
+  std::vector<Data::ComponentOutlines> concretes;
   for (const Data::CSecComp& component : section.Components()) {
-    if (component.ConcreteExist()) Add(component, sum);
+    if (component.ConcreteExist()) concretes.push_back(Data::GivenOutlines(component));
+  }
+  Numeric::AreaMoments sum;
+  for (const Data::ComponentOutlines& left : Data::Overlaid(concretes)) {
+    sum += Data::OutlineMoments(left);
   }
   return From(sum);
 }

@@ -6,7 +6,7 @@
 
 namespace Orlix::Cli {
 
-/// Area and centroid of outlines, holes taken out, bars and overlaps not.
+/// Area and centroid of outlines, holes taken out, bars not.
 struct GrossArea {
   double area{};          ///< [m²]
   Vec2<double> centroid;  ///< (y, z) [m]; meaningless without area
@@ -14,7 +14,8 @@ struct GrossArea {
 
 /// Of one component.
 GrossArea GrossAreaOf(const Data::CSecComp& component);
-/// Of all components of concrete.
+/// Of all components of concrete; where they overlap area counts once.
+/// @throws std::runtime_error when their overlay fails.
 GrossArea GrossConcreteOf(const Data::CSection& section);
 
 }  // namespace Orlix::Cli

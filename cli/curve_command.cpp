@@ -39,9 +39,9 @@ constexpr const char* kExample = R"(Examples, a curve of each sign:
       --grade B500B --state uls --sign tension
 
 A line is a point: strain, then stress, in the document's units (‰ and MPa in a new one), between
-them spaces, tabs, commas, semicolons, colons or bars. Lines that do not begin with two numbers,
-such as a heading, are left out. Numbers count compression positive: a tension curve is typed with
-negative ones. The curve needs the origin, 0 0, and ends at its last point, the strain limit; points
+them spaces, tabs, commas, semicolons, colons or bars; the decimal sign is a point. Lines that do
+not begin with two numbers, such as a heading, are left out. Numbers count compression positive: a
+tension curve is typed with negative ones. The curve needs the origin, 0 0, and ends at its last point, the strain limit; points
 of the other sign are left out. It is taken as it is: without partial factors.
 
 A compression curve of concrete or FRP leaves it no tension; give the tension curve after it. Steel

@@ -26,10 +26,16 @@ struct CodeName {
   std::string_view annex;
 };
 
-constexpr std::array<CodeName, 3> kCodeNames = {{
+constexpr std::array<CodeName, 9> kCodeNames = {{
     {"EC2_04", "EN 1992-1-1:2004", "recommended"},
     {"EC2_GB_04", "EN 1992-1-1:2004", "UK"},
+    {"ACI318_14", "ACI 318-14", ""},
     {"ACI318_19", "ACI 318-19", ""},
+    {"BS8110_97", "BS 8110-1:1997", ""},
+    {"BS8110_05", "BS 8110-1:1997 Amd 3", ""},
+    {"HKCP_13", "HK CoP 2013", ""},
+    {"IS456_00", "IS 456:2000", ""},
+    {"CSA_14", "CSA A23.3-14", ""},
 }};
 
 const CodeChoice* FindCode(std::string_view inFile) {

@@ -47,7 +47,7 @@ TEST(ReadCases, TakesEveryFormOfTheSameCases) {
 
 TEST(ReadCases, TakesPlanesInTheUnitsGiven) {
   for (const char* text : {"eps,kyy,kzz\n1,2,3\n", "eps,kyy,kzz\nmε,1/m,rad/mm\n1,2e-3,3e-6",
-                                  "kzz,kyy,eps\n,,%\n3,2,0.1"}) {
+                           "kzz,kyy,eps\n,,%\n3,2,0.1"}) {
     const CaseTable table = ReadCases(text, "a.csv", LoadAction::deformation, Data::CUnit());
     ASSERT_EQ(table.cases.size(), 1U) << text;
     EXPECT_DOUBLE_EQ(table.cases[0].input.x, 1e-3);

@@ -4,8 +4,8 @@
 #include <stdexcept>
 #include <utility>
 
-#include "model/oxnumeric/polygon_validity.h"
 #include "model/oxdata/reinforcement/CPositionRebar.h"
+#include "model/oxnumeric/polygon_validity.h"
 #include "model/oxutil/text.h"
 #include "model/oxutil/uuid.h"
 #include "model/vldata/document/grade_migration.h"

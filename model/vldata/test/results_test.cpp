@@ -7,6 +7,7 @@
 #include <limits>
 #include <string>
 
+#include "model/vldata/document/AnalysisResult.h"
 #include "model/vldata/records/CaseSLSDetails.h"
 #include "model/vldata/records/OutputOptions.h"
 #include "model/vldata/response/results_stamp.h"
@@ -237,6 +238,17 @@ TEST(Records, StiffnessIsNotCalculatedForTinyDivisors) {
   Util::JsonDocument json;
   EXPECT_EQ(Util::PrettyJson(stiffness.toJson(json.GetAllocator())),
             "{\n    \"EA\": -4.0,\n    \"EIyy\": \"-\",\n    \"EIzz\": \"-\"\n}");
+}
+
+TEST(AnalysisResult, InterpolatesBetweenTheStatesByAFiniteFactor) {
+  const auto stateAt = [](double eps) {
+    return DetailedIntegrationResult(Deformation({eps, 0, 0}), VelmoLoad(),
+                                     std::make_shared<Components>());
+  };
+  SlsResponse response{stateAt(1.0), stateAt(3.0), 0.25};
+  EXPECT_DOUBLE_EQ(AnalysisResult::GetSlsDeformation(response).interpolated.Vector().x, 1.5);
+  response.zeta = std::numeric_limits<double>::infinity();
+  EXPECT_DOUBLE_EQ(AnalysisResult::GetSlsDeformation(response).interpolated.Vector().x, 3.0);
 }
 
 TEST(Records, SummariesHoldExtremesOfTheirOwnSamples) {
