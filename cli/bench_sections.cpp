@@ -89,8 +89,13 @@ CVelmoData PolygonDocument(int vertices, int bars) {
     }
     return points;
   };
-  return Document(kEn1992, CSecGeom({{circle(vertices, 0.75), {}}}), L"C40/50", L"B500B",
-                  circle(bars, 0.68), 0.025);
+  constexpr double kRadius = 0.75;
+  constexpr double kToCentres = 0.07;  // from the sides to the bars
+  const double within = kRadius * std::cos(std::numbers::pi / vertices) - kToCentres;
+  // Bars may not touch, however many there are; 25 mm while they fit.
+  const double room = 2.0 * std::numbers::pi * within / std::max(bars, 1);
+  return Document(kEn1992, CSecGeom({{circle(vertices, kRadius), {}}}), L"C40/50", L"B500B",
+                  circle(bars, within), std::min(0.025, 0.8 * room));
 }
 
 void AddCases(CVelmoData& document, int count, double share) {

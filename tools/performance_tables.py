@@ -51,16 +51,22 @@ def table(title, velmo, name, values, **options):
 
 
 def box_document(path, count):
-    """The pier with `count` cases for both limit states."""
+    """The pier with `count` cases for both limit states; written case by case, since the memory of this process would
+    count as that of the programs it starts."""
     document = json.loads(EXAMPLE.read_text())
     task = document["sections"][0]["tasks"][0]
-    numbers = random.Random(1)
-    task.update(sls=True, cases=[
-        {"name": f"LC{i + 1}", "N": numbers.uniform(-6e7, -1e7), "Myy": numbers.uniform(-1.8e7, 1.8e7),
-         "Mzz": numbers.uniform(-1.8e7, 1.8e7)} for i in range(count)])
+    task.update(sls=True, cases=[])
     document["sections"] = document["sections"][:1]
     document["sections"][0]["tasks"] = [task]
-    path.write_text(json.dumps(document, indent=4))
+    before, after = json.dumps(document, indent=4).split('"cases": []')
+    numbers = random.Random(1)
+    with path.open("w") as file:
+        file.write(before + '"cases": [')
+        for i in range(count):
+            case = {"name": f"LC{i + 1}", "N": numbers.uniform(-6e7, -1e7), "Myy": numbers.uniform(-1.8e7, 1.8e7),
+                    "Mzz": numbers.uniform(-1.8e7, 1.8e7)}
+            file.write((",\n" if i else "\n") + json.dumps(case))
+        file.write("]" + after)
 
 
 def solve(velmo, document, out, threads):
