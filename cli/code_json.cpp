@@ -2,7 +2,6 @@
 
 #include <rapidjson/document.h>
 
-#include <algorithm>
 #include <string_view>
 
 #include "cli/curve_points.h"
@@ -23,6 +22,7 @@ using Data::Design::CConcCode;
 using Data::Design::CMat;
 using Data::Design::CodeChoice;
 using Data::Design::CodeConstant;
+using Data::Design::ConstantSource;
 
 void AddHeading(const CodeChoice& choice, const CConcCode& code, Util::JsonValue& object,
                 Util::JsonAllocator& allocator) {
@@ -39,7 +39,8 @@ Util::JsonValue ConstantsToJson(const CConcCode& code, Util::JsonAllocator& allo
     AddNumber(object, "value", constant.value, allocator);
     AddText(object, "unit", std::string_view(constant.unit), allocator);
     AddText(object, "clause", std::string_view(constant.clause), allocator);
-    AddFlag(object, "checked", constant.certain, allocator);
+    AddFlag(object, "compared", constant.source == ConstantSource::compared, allocator);
+    AddFlag(object, "doubtful", constant.source == ConstantSource::doubtful, allocator);
     list.PushBack(object, allocator);
   }
   return list;
@@ -66,9 +67,8 @@ void CodesToJson(Util::JsonDocument& json) {
     Util::JsonValue object(rapidjson::kObjectType);
     AddHeading(choice, code, object, allocator);
     AddNumber(object, "constants", static_cast<double>(constants.size()), allocator);
-    const auto unchecked = std::count_if(constants.begin(), constants.end(),
-                                         [](const CodeConstant& c) { return !c.certain; });
-    AddNumber(object, "unchecked", static_cast<double>(unchecked), allocator);
+    AddNumber(object, "compared", CountConstants(code.Data(), ConstantSource::compared), allocator);
+    AddNumber(object, "doubtful", CountConstants(code.Data(), ConstantSource::doubtful), allocator);
     list.PushBack(object, allocator);
   }
   AddMember(json, "codes", list, allocator);

@@ -9,12 +9,13 @@
 namespace Orlix::Cli {
 
 /// Fills the object of all codes: `codes`, a list of objects with `concrete` (the name), `annex`
-/// where there is one, `strengthReduction`, `constants` and `unchecked` (numbers of them).
+/// where there is one, `strengthReduction`, and how many `constants` there are, were `compared`
+/// with the printed clause and are `doubtful`.
 void CodesToJson(Util::JsonDocument& json);
 
 /// Fills the object of one code, numbers SI: `concrete`, `annex`, `strengthReduction`, `constants`
-/// (`symbol`, `value`, `unit`, `clause`, `checked`) and `materials`, tables of grades as documents
-/// have them and with `f_d`.
+/// (`symbol`, `value`, `unit`, `clause`, `compared`, `doubtful`) and `materials`, tables of grades
+/// as documents have them and with `f_d`.
 /// @param grade  its points of the curves are added: `curves`, a list of the grades of that name
 void CodeToJson(const Data::Design::CodeChoice& choice, const std::optional<std::string>& grade,
                 Util::JsonDocument& json);

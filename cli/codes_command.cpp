@@ -1,10 +1,10 @@
 #include <CLI/CLI.hpp>
-#include <algorithm>
 #include <iostream>
 #include <memory>
 #include <optional>
 #include <sstream>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "cli/TextTable.h"
@@ -29,6 +29,8 @@ using Data::Design::CConcCode;
 using Data::Design::CMat;
 using Data::Design::CodeChoice;
 using Data::Design::CodeConstant;
+using Data::Design::ConstantSource;
+using Data::Design::CountConstants;
 
 struct Arguments {
   std::string code;
@@ -43,7 +45,7 @@ constexpr const char* kExample = R"(Examples:
   velmo codes "BS 8110-1:1997" --grade C40
 
 Without NAME the codes with their annexes; with it the code's constants, where they stand and
-whether they were compared with that place, and its standard grades. f_d is alpha f_k/gamma. Curves
+whether they were compared with the printed clause, and its standard grades. f_d is alpha f_k/gamma. Curves
 count compression positive; a side without a strain limit ends beyond its last corner.)";
 
 // Six significant digits.
@@ -53,11 +55,23 @@ std::string Plain(double value) {
   return text.str();
 }
 
-int Unchecked(const CConcCode& code) {
-  const auto& constants = code.Data().constants;
-  return static_cast<int>(std::count_if(constants.begin(), constants.end(),
-                                        [](const CodeConstant& c) { return !c.certain; }));
+std::string_view ComparedText(ConstantSource source) {
+  switch (source) {
+    case ConstantSource::compared:
+      return "yes";
+    case ConstantSource::secondary:
+      return "no";
+    case ConstantSource::doubtful:
+      break;
+  }
+  return "no, doubtful";
 }
+
+constexpr const char* kComparedNote = R"(
+compared: whether the value was compared with the printed clause. "no": it comes from text books and
+general knowledge of the code; "no, doubtful": so it does, and the value or the number of its clause
+is in doubt. Compare with the standard what a design relies on.
+)";
 
 void PrintCodes() {
   TextTable table;
@@ -65,14 +79,19 @@ void PrintCodes() {
   table.AddColumn("annex", "", Align::left);
   table.AddColumn("safety by", "", Align::left);
   table.AddColumn("constants", "");
-  table.AddColumn("unchecked", "");
+  table.AddColumn("compared", "");
+  table.AddColumn("doubtful", "");
   for (const CodeChoice& choice : Data::Design::KnownCodes()) {
     const CConcCode code(choice.code, choice.country);
     table.AddRow({std::string(choice.name), std::string(choice.annex),
                   code.IsStrengthReduction() ? "strength reduction" : "material factors",
-                  std::to_string(code.Data().constants.size()), std::to_string(Unchecked(code))});
+                  std::to_string(code.Data().constants.size()),
+                  std::to_string(CountConstants(code.Data(), ConstantSource::compared)),
+                  std::to_string(CountConstants(code.Data(), ConstantSource::doubtful))});
   }
   table.Print(std::cout);
+  std::cout << "\ncompared: how many of the constants were compared with the printed clause; "
+               "doubtful: how many\nare in doubt. velmo codes NAME says it of each.\n";
 }
 
 void PrintConstants(const CConcCode& code, const UnitText& units) {
@@ -80,16 +99,17 @@ void PrintConstants(const CConcCode& code, const UnitText& units) {
   table.AddColumn("constant", "", Align::left);
   table.AddColumn("value", "");
   table.AddColumn("unit", "", Align::left);
-  table.AddColumn("checked", "", Align::left);
+  table.AddColumn("compared", "", Align::left);
   table.AddColumn("clause", "", Align::left);
   for (const CodeConstant& constant : code.Data().constants) {
     const bool isStress = constant.unit == "Pa";
     table.AddRow({constant.symbol,
                   isStress ? units.Value(constant.value, Dimension::stress) : Plain(constant.value),
                   isStress ? units.Unit(Dimension::stress) : constant.unit,
-                  constant.certain ? "yes" : "no", constant.clause});
+                  std::string(ComparedText(constant.source)), constant.clause});
   }
   table.Print(std::cout);
+  std::cout << kComparedNote;
 }
 
 void PrintGrades(const Materials& materials, const UnitText& units) {

@@ -37,6 +37,12 @@ constexpr Entry kEntries[] = {
 
 }  // namespace
 
+int CountConstants(const CConcCodeData& data, ConstantSource source) {
+  return static_cast<int>(
+      std::count_if(data.constants.begin(), data.constants.end(),
+                    [source](const CodeConstant& c) { return c.source == source; }));
+}
+
 CConcCode::CConcCode(ConcCode code, CCountry::Code country) {
   const auto* entry = std::find_if(std::begin(kEntries), std::end(kEntries), [&](const Entry& e) {
     return e.choice.code == code && e.choice.country == country;

@@ -29,13 +29,20 @@ struct CCountry {
   enum class Code : int { none = 0, unitedKingdom = 44 };
 };
 
+/// How the number of a code came to be what it is here.
+enum class ConstantSource {
+  compared,   ///< compared with the printed clause
+  secondary,  ///< from text books and general knowledge of the code, not compared with the print
+  doubtful    ///< as `secondary`, and the number or its clause is in doubt
+};
+
 /// One number of a code, with where it stands: printed by the program's list of codes.
 struct CodeConstant {
   std::string symbol;  ///< as the code prints it, for instance "alpha_cc"
   double value{};      ///< SI; strains dimensionless
   std::string clause;  ///< for instance "EN 1992-1-1, 3.1.6(1)P"
-  bool certain{true};  ///< false: still to be compared with the clause, and listed as such
   std::string unit{};  ///< "Pa", or empty for a ratio, a strain or a factor
+  ConstantSource source{ConstantSource::secondary};
 };
 
 /// Strength reduction by net tensile strain, as ACI 318 has it: plain numbers of the code.
@@ -69,6 +76,9 @@ struct CConcCodeData {
   std::optional<CrackWidthRule> crackWidth;            ///< nothing: the code has no crack widths
   Util::BarSystem barSystem{Util::BarSystem::metric};  ///< bar sizes usual where the code applies
 };
+
+/// How many of a code's constants have the source.
+int CountConstants(const CConcCodeData& data, ConstantSource source);
 
 /// A design code with a country's national choices; cheap to copy.
 class CConcCode {

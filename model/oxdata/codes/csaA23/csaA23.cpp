@@ -25,11 +25,12 @@ std::vector<CodeConstant> Constants() {
       {"beta_1, f'c 30 MPa", BlockDepth(kStrength), "CSA A23.3-14, 10.1.7"},
       {"least alpha_1 and beta_1", 0.67, "CSA A23.3-14, 10.1.7"},
       {"eps_cu", kUltimateStrain, "CSA A23.3-14, 10.1.3"},
-      {"E_c, f'c 30 MPa", Modulus(kStrength), "CSA A23.3-14, 8.6.2.3", true, "Pa"},
-      {"f_r, f'c 30 MPa", ModulusOfRupture(kStrength), "CSA A23.3-14, 8.6.4", true, "Pa"},
-      {"E_s", kModulusOfSteel, "CSA A23.3-14, 8.5.4.1", true, "Pa"},
+      {"E_c, f'c 30 MPa", Modulus(kStrength), "CSA A23.3-14, 8.6.2.3", "Pa"},
+      {"f_r, f'c 30 MPa", ModulusOfRupture(kStrength), "CSA A23.3-14, 8.6.4", "Pa"},
+      {"E_s", kModulusOfSteel, "CSA A23.3-14, 8.5.4.1", "Pa"},
       {"phi structural steel", kPhiSteel, "CSA S16-14, 13.1 a)"},
-      {"E structural steel", kModulusOfSteel, "CSA S16-14, Symbols", false, "Pa"},
+      {"E structural steel", kModulusOfSteel, "CSA S16-14, Symbols", "Pa",
+       ConstantSource::doubtful},
   };
 }
 

@@ -36,10 +36,10 @@ std::vector<CodeConstant> Constants() {
       {"strain at the vertex", kPeakStrain, "IS 456:2000, Figure 21"},
       {"largest strain in bending", kUltimateStrain, "IS 456:2000, 38.1 b)"},
       {"largest strain in axial compression", kPeakStrain, "IS 456:2000, 39.1 a)"},
-      {"E_c, f_ck 25 N/mm²", Modulus(kStrength), "IS 456:2000, 6.2.3.1", true, "Pa"},
-      {"f_cr, f_ck 25 N/mm²", FlexuralStrength(kStrength), "IS 456:2000, 6.2.2", true, "Pa"},
-      {"E_s", kModulusOfBars, "IS 456:2000, 5.6.3", true, "Pa"},
-      {"E structural steel", kModulusOfSteel, "IS 800:2007, 2.2.4.1", true, "Pa"},
+      {"E_c, f_ck 25 N/mm²", Modulus(kStrength), "IS 456:2000, 6.2.3.1", "Pa"},
+      {"f_cr, f_ck 25 N/mm²", FlexuralStrength(kStrength), "IS 456:2000, 6.2.2", "Pa"},
+      {"E_s", kModulusOfBars, "IS 456:2000, 5.6.3", "Pa"},
+      {"E structural steel", kModulusOfSteel, "IS 800:2007, 2.2.4.1", "Pa"},
       {"gamma_m0 structural steel", kGammaM0, "IS 800:2007, Table 5"},
   };
   const char* const kNames[] = {"0.80", "0.85", "0.90", "0.95", "0.975", "1.00"};
