@@ -12,4 +12,11 @@ namespace Orlix::Data::Design {
 /// with the numbers that the code at hand has.
 using CrackWidthRule = std::variant<En1992::CrackWidthParameters, Bs8110::CrackWidthParameters>;
 
+/// Modulus of the concrete that strains are found with for crack widths over its short-term one; 0:
+/// the one that creep leaves.
+inline double ConcreteModulusShare(const CrackWidthRule& rule) {
+  const auto* surface = std::get_if<Bs8110::CrackWidthParameters>(&rule);
+  return surface != nullptr ? surface->concreteModulusShare : 0.0;
+}
+
 }  // namespace Orlix::Data::Design

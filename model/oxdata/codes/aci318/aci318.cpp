@@ -82,23 +82,11 @@ std::vector<CMat> Concretes() {
   return concretes;
 }
 
-/// Nominal strengths; the default curve is that of 20.2.2.1.
-template <class Mat>
-Mat Steel(Mat steel, const wchar_t* name, double strength) {
-  return BilinearSteel(steel, name, strength, kModulusOfSteel, 1.0);
-}
-
-/// Bars of ASTM A615 (Grade 40, 60, 80) and A706 (Grade 60, 80), in SI units 280, 420 and 550.
-std::vector<CMatRebar> Reinforcements() {
-  return {Steel(CMatRebar(), L"Grade 40", 280 * kMPa), Steel(CMatRebar(), L"Grade 60", 420 * kMPa),
-          Steel(CMatRebar(), L"Grade 80", 550 * kMPa)};
-}
-
+/// Nominal strengths; the default curve is that of 20.2.2.1. Bars of ASTM A615 (Grade 40, 60, 80)
+/// and A706 (Grade 60, 80), in SI units 280, 420 and 550.
+constexpr SteelGrade kBars[] = {{L"Grade 40", 280}, {L"Grade 60", 420}, {L"Grade 80", 550}};
 /// ASTM A36 (36 ksi) and A992 (50 ksi).
-std::vector<CMat> Steels() {
-  return {Steel(CMat(MatType::steel), L"A36", 250 * kMPa),
-          Steel(CMat(MatType::steel), L"A992", 345 * kMPa)};
-}
+constexpr SteelGrade kSteels[] = {{L"A36", 250}, {L"A992", 345}};
 
 CConcCodeData Make(const Edition& edition, CCountry::Code country) {
   CConcCodeData data;
@@ -107,8 +95,8 @@ CConcCodeData Make(const Edition& edition, CCountry::Code country) {
   data.name = edition.name;
   data.constants = Constants(edition);
   data.concretes = Concretes();
-  data.reinforcements = Reinforcements();
-  data.steels = Steels();
+  data.reinforcements = Bars(kBars, kModulusOfSteel, 1.0);
+  data.steels = StructuralSteels(kSteels, kModulusOfSteel, 1.0);
   data.usualConcrete = L"f'c 30 MPa";
   data.usualReinforcement = L"Grade 60";
   data.strengthReduction = Rule(edition);

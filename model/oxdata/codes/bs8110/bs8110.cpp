@@ -1,5 +1,8 @@
 #include "model/oxdata/codes/bs8110/bs8110.h"
 
+#include <cstddef>
+#include <iterator>
+#include <span>
 #include <string>
 
 #include "model/oxdata/codes/bs8110/concrete.h"
@@ -88,36 +91,18 @@ CMatRebar Tendon(const wchar_t* name, double fpu, double modulus, double gamma) 
 
 std::vector<CMatRebar> Reinforcements(const Edition& edition) {
   const double gamma = edition.gammaS;
-  const auto bar = [gamma](const wchar_t* name, double fy) {
-    return BilinearSteel(CMatRebar(), name, fy, kModulusOfBars, gamma);
-  };
-  std::vector<CMatRebar> bars = {bar(L"Grade 250", 250 * kMPa), bar(L"Grade 460", 460 * kMPa)};
-  if (edition.barsOf2005) {
-    for (const wchar_t* name : {L"B500A", L"B500B", L"B500C"})
-      bars.push_back(bar(name, 500 * kMPa));
-  }
+  constexpr SteelGrade kBars[] = {
+      {L"Grade 250", 250}, {L"Grade 460", 460}, {L"B500A", 500}, {L"B500B", 500}, {L"B500C", 500}};
+  constexpr std::size_t kBarsOf1997 = 2;
+  std::vector<CMatRebar> bars =
+      Bars(std::span(kBars).first(edition.barsOf2005 ? std::size(kBars) : kBarsOf1997),
+           kModulusOfBars, gamma);
   bars.push_back(Tendon(L"Wire 1670", 1670 * kMPa, kModulusOfWire, gamma));
   bars.push_back(Tendon(L"Wire 1770", 1770 * kMPa, kModulusOfWire, gamma));
   bars.push_back(Tendon(L"Strand 1670", 1670 * kMPa, kModulusOfStrand, gamma));
   bars.push_back(Tendon(L"Strand 1770", 1770 * kMPa, kModulusOfStrand, gamma));
   bars.push_back(Tendon(L"Strand 1860", 1860 * kMPa, kModulusOfStrand, gamma));
   return bars;
-}
-
-/// Design strengths p_y of BS 5950-1:2000, Table 9, which hold the material factor.
-std::vector<CMat> Steels() {
-  const struct {
-    const wchar_t* name;
-    double py;  // MPa
-  } kGrades[] = {{L"S275", 275}, {L"S275 (16 to 40 mm)", 265},
-                 {L"S355", 355}, {L"S355 (16 to 40 mm)", 345},
-                 {L"S460", 460}, {L"S460 (16 to 40 mm)", 440}};
-  std::vector<CMat> steels;
-  for (const auto& g : kGrades) {
-    steels.push_back(
-        BilinearSteel(CMat(MatType::steel), g.name, g.py * kMPa, kModulusOfSteel, 1.0));
-  }
-  return steels;
 }
 
 CConcCodeData Make(const Edition& edition, CCountry::Code country) {
@@ -128,7 +113,8 @@ CConcCodeData Make(const Edition& edition, CCountry::Code country) {
   data.constants = Constants(edition);
   data.concretes = Concretes();
   data.reinforcements = Reinforcements(edition);
-  data.steels = Steels();
+  // Design strengths p_y of BS 5950-1:2000, Table 9, which hold the material factor.
+  data.steels = StructuralSteels(kSteelsFromS275, kModulusOfSteel, 1.0);
   data.usualConcrete = L"C35";
   data.usualReinforcement = edition.barsOf2005 ? L"B500B" : L"Grade 460";
   return data;

@@ -10,6 +10,9 @@ struct CrackWidthParameters {
   double stiffeningStress{1.0e6};  ///< of the concrete in equation 13 [Pa]
   double stiffeningDivisor{3.0};   ///< equation 13
   double steelStrainShare{0.8};    ///< the rule holds up to this part of f_y/E_s, 3.8.3
+  /// Modulus of the concrete that strains are found with for this check over its short-term one,
+  /// 3.8.3; 0: the one that creep leaves.
+  double concreteModulusShare{0.5};
 
   friend bool operator==(const CrackWidthParameters&, const CrackWidthParameters&) = default;
 };

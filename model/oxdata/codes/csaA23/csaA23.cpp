@@ -53,20 +53,8 @@ std::vector<CMat> Concretes() {
 }
 
 /// Bars of CSA G30.18: R and the weldable W have the same yield strengths.
-std::vector<CMatRebar> Reinforcements() {
-  const auto bar = [](const wchar_t* name, double fy) {
-    return BilinearSteel(CMatRebar(), name, fy, kModulusOfSteel, 1.0 / kPhiS);
-  };
-  return {bar(L"400R", 400 * kMPa), bar(L"400W", 400 * kMPa), bar(L"500R", 500 * kMPa),
-          bar(L"500W", 500 * kMPa)};
-}
-
-std::vector<CMat> Steels() {
-  const auto steel = [](const wchar_t* name, double fy) {
-    return BilinearSteel(CMat(MatType::steel), name, fy, kModulusOfSteel, 1.0 / kPhiSteel);
-  };
-  return {steel(L"300W", 300 * kMPa), steel(L"350W", 350 * kMPa)};
-}
+constexpr SteelGrade kBars[] = {{L"400R", 400}, {L"400W", 400}, {L"500R", 500}, {L"500W", 500}};
+constexpr SteelGrade kSteels[] = {{L"300W", 300}, {L"350W", 350}};
 
 }  // namespace
 
@@ -77,8 +65,8 @@ CConcCodeData MakeData(CCountry::Code country) {
   data.name = "CSA A23.3-14";
   data.constants = Constants();
   data.concretes = Concretes();
-  data.reinforcements = Reinforcements();
-  data.steels = Steels();
+  data.reinforcements = Bars(kBars, kModulusOfSteel, 1.0 / kPhiS);
+  data.steels = StructuralSteels(kSteels, kModulusOfSteel, 1.0 / kPhiSteel);
   data.usualConcrete = L"f'c 30 MPa";
   data.usualReinforcement = L"400W";
   data.barSystem = Util::BarSystem::canadian;

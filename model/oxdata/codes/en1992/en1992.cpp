@@ -95,23 +95,6 @@ std::vector<CMatRebar> Reinforcements() {
           Steel(L"Y1860S7", kStrandProofRatio * 1860 * kMPa, kModulusOfStrands, StrandShape())};
 }
 
-/// Hot-rolled steels: yield strength R_eH by the thickness of the product. EN 10025-2 for S235 to
-/// S355, EN 10025-3 and -4 for S460. Elastic, then a horizontal branch without a strain limit.
-std::vector<CMat> Steels() {
-  const struct {
-    const wchar_t* name;
-    double fy;  // MPa
-  } kGrades[] = {
-      {L"S235", 235}, {L"S235 (16 to 40 mm)", 225}, {L"S275", 275}, {L"S275 (16 to 40 mm)", 265},
-      {L"S355", 355}, {L"S355 (16 to 40 mm)", 345}, {L"S460", 460}, {L"S460 (16 to 40 mm)", 440}};
-  std::vector<CMat> steels;
-  for (const auto& grade : kGrades) {
-    steels.push_back(BilinearSteel(CMat(MatType::steel), grade.name, grade.fy * kMPa,
-                                   kModulusOfSteel, kGammaM0));
-  }
-  return steels;
-}
-
 }  // namespace
 
 CConcCodeData MakeData(CCountry::Code country) {
@@ -124,7 +107,7 @@ CConcCodeData MakeData(CCountry::Code country) {
   data.constants = Constants(country);
   data.concretes = Concretes(country);
   data.reinforcements = Reinforcements();
-  data.steels = Steels();
+  data.steels = StructuralSteels(kSteelsOfEn10025, kModulusOfSteel, kGammaM0);
   data.usualConcrete = L"C30/37";
   data.usualReinforcement = L"B500B";
   return data;

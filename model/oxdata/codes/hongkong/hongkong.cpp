@@ -57,28 +57,7 @@ std::vector<CMat> Concretes() {
 }
 
 /// Bars of CS2:2012.
-std::vector<CMatRebar> Reinforcements() {
-  const auto bar = [](const wchar_t* name, double fy) {
-    return BilinearSteel(CMatRebar(), name, fy, kModulusOfBars, kGammaS);
-  };
-  return {bar(L"250", 250 * kMPa), bar(L"500B", 500 * kMPa), bar(L"500C", 500 * kMPa)};
-}
-
-/// Steels of BS EN 10025 by the thickness of the product.
-std::vector<CMat> Steels() {
-  const struct {
-    const wchar_t* name;
-    double py;  // MPa
-  } kGrades[] = {{L"S275", 275}, {L"S275 (16 to 40 mm)", 265},
-                 {L"S355", 355}, {L"S355 (16 to 40 mm)", 345},
-                 {L"S460", 460}, {L"S460 (16 to 40 mm)", 440}};
-  std::vector<CMat> steels;
-  for (const auto& g : kGrades) {
-    steels.push_back(
-        BilinearSteel(CMat(MatType::steel), g.name, g.py * kMPa, kModulusOfSteel, 1.0));
-  }
-  return steels;
-}
+constexpr SteelGrade kBars[] = {{L"250", 250}, {L"500B", 500}, {L"500C", 500}};
 
 }  // namespace
 
@@ -89,8 +68,8 @@ CConcCodeData MakeData(CCountry::Code country) {
   data.name = "HK CoP 2013";
   data.constants = Constants();
   data.concretes = Concretes();
-  data.reinforcements = Reinforcements();
-  data.steels = Steels();
+  data.reinforcements = Bars(kBars, kModulusOfBars, kGammaS);
+  data.steels = StructuralSteels(kSteelsFromS275, kModulusOfSteel, 1.0);
   data.usualConcrete = L"C35";
   data.usualReinforcement = L"500B";
   return data;

@@ -98,19 +98,8 @@ std::vector<CMatRebar> Reinforcements() {
 }
 
 /// Yield strengths of IS 2062 below 20 mm and from 20 to 40 mm.
-std::vector<CMat> Steels() {
-  const struct {
-    const wchar_t* name;
-    double fy;  // MPa
-  } kGrades[] = {
-      {L"E250", 250}, {L"E250 (20 to 40 mm)", 240}, {L"E350", 350}, {L"E350 (20 to 40 mm)", 330}};
-  std::vector<CMat> steels;
-  for (const auto& g : kGrades) {
-    steels.push_back(
-        BilinearSteel(CMat(MatType::steel), g.name, g.fy * kMPa, kModulusOfSteel, kGammaM0));
-  }
-  return steels;
-}
+constexpr SteelGrade kSteels[] = {
+    {L"E250", 250}, {L"E250 (20 to 40 mm)", 240}, {L"E350", 350}, {L"E350 (20 to 40 mm)", 330}};
 
 }  // namespace
 
@@ -122,7 +111,7 @@ CConcCodeData MakeData(CCountry::Code country) {
   data.constants = Constants();
   data.concretes = Concretes();
   data.reinforcements = Reinforcements();
-  data.steels = Steels();
+  data.steels = StructuralSteels(kSteels, kModulusOfSteel, kGammaM0);
   data.usualConcrete = L"M30";
   data.usualReinforcement = L"Fe 500";
   return data;
