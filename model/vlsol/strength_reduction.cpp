@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <variant>
 
 #include "model/oxnumeric/section/equilibrium.h"
 #include "model/oxnumeric/section/gauge.h"
@@ -109,7 +110,7 @@ class HeldForceSearch {
 
 // Yield strain of a bar, or what the code has count in its place.
 double YieldStrain(const Data::CVelmoData& document, const Data::CBar& bar,
-                   const Data::Design::StrengthReductionRule& rule) {
+                   const Data::Design::Aci318::StrengthReductionParameters& rule) {
   if (bar.GetPreload().value != 0.0) return rule.prestressedYield;
   const Data::Design::MaterialProperties& steel =
       document.ReinforcementMaterial(bar.Grade()).Properties();
@@ -159,8 +160,11 @@ double StrengthReduction::Phi(const CompiledSection& section, const Plane& failu
 std::optional<StrengthReduction> StrengthReductionOf(const Data::CVelmoData& document,
                                                      const Data::Velmo9::VelmoSection& section,
                                                      int iTask, const CompiledSection& compiled) {
-  const auto& rule = document.concreteCode().Data().strengthReduction;
-  if (!rule) return std::nullopt;
+  const auto code = document.concreteCode();
+  if (!code.IsStrengthReduction()) return std::nullopt;
+  const auto* rule = std::get_if<Data::Design::Aci318::StrengthReductionParameters>(
+      &*code.Data().strengthReduction);
+  if (rule == nullptr) return std::nullopt;
   const AnalysisTask& task = section.Task(iTask);
   const std::optional<CustomPhi>& custom = task.PhiFactors();
   const bool spiral = section.Confinement() == Data::Confinement::spiral;
@@ -178,9 +182,7 @@ std::optional<StrengthReduction> StrengthReductionOf(const Data::CVelmoData& doc
         reduction.ranges.push_back({custom->compressionStrain, custom->tensionStrain});
       } else {
         const double yield = YieldStrain(document, bar, *rule);
-        const double tension = rule->tensionStrain > 0.0 ? std::max(rule->tensionStrain, yield)
-                                                         : yield + rule->strainMargin;
-        reduction.ranges.push_back({yield, tension});
+        reduction.ranges.push_back({yield, TensionControlledStrain(*rule, yield)});
       }
     }
   }

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "model/oxdata/codes/CrackWidthRule.h"
+#include "model/oxdata/codes/StrengthReductionRule.h"
 #include "model/oxdata/materials/CMat.h"
 #include "model/oxdata/reinforcement/CBarHelper.h"
 
@@ -21,7 +22,8 @@ enum class ConcCode : int {
   bs8110_2005 = 5,
   hongKong_2013 = 6,
   is456_2000 = 7,
-  csaA23_2014 = 8
+  csaA23_2014 = 8,
+  as3600_2018 = 9
 };
 
 /// Country whose national choices apply.
@@ -43,20 +45,6 @@ struct CodeConstant {
   std::string clause;  ///< for instance "EN 1992-1-1, 3.1.6(1)P"
   std::string unit{};  ///< "Pa", or empty for a ratio, a strain or a factor
   ConstantSource source{ConstantSource::secondary};
-};
-
-/// Strength reduction by net tensile strain, as ACI 318 has it: plain numbers of the code.
-struct StrengthReductionRule {
-  double phiTied{};           ///< compression-controlled, ties
-  double phiSpiral{};         ///< compression-controlled, spirals
-  double phiTension{};        ///< tension-controlled
-  double strainMargin{};      ///< tension-controlled from the yield strain of the bars plus this on
-  double tensionStrain{};     ///< tension-controlled from this strain on, whatever the bars; 0: by
-                              ///< the margin
-  double prestressedYield{};  ///< yield strain that counts for prestressed bars
-  double capTied{};           ///< largest axial force over P_o, ties
-  double capSpiral{};         ///< largest axial force over P_o, spirals
-  double concreteFactor{};    ///< of f'c in P_o
 };
 
 /// What a design code consists of: plain data, made by the code's own folder.

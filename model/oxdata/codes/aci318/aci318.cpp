@@ -3,6 +3,7 @@
 #include <string>
 
 #include "model/oxdata/codes/aci318/concrete.h"
+#include "model/oxdata/codes/aci318/strength_reduction.h"
 #include "model/oxdata/codes/code_grades.h"
 
 namespace Orlix::Data::Design::Aci318 {
@@ -22,8 +23,8 @@ struct Edition {
 constexpr Edition k2014 = {ConcCode::aci318_2014, "ACI 318-14", 0.0, 0.005};
 constexpr Edition k2019 = {ConcCode::aci318_2019, "ACI 318-19", 0.003, 0.0};
 
-StrengthReductionRule Rule(const Edition& edition) {
-  StrengthReductionRule rule;
+StrengthReductionParameters Rule(const Edition& edition) {
+  StrengthReductionParameters rule;
   rule.phiTied = 0.65;
   rule.phiSpiral = 0.75;
   rule.phiTension = 0.90;
@@ -37,7 +38,7 @@ StrengthReductionRule Rule(const Edition& edition) {
 }
 
 std::vector<CodeConstant> Constants(const Edition& edition) {
-  const StrengthReductionRule rule = Rule(edition);
+  const StrengthReductionParameters rule = Rule(edition);
   const auto clause = [&edition](const char* number) {
     return std::string(edition.name) + ", " + number;
   };
