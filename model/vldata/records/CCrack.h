@@ -7,10 +7,14 @@ namespace Orlix::Data::Velmo9 {
 /// What has to be known about how a crack width was found.
 enum class CrackRemark {
   none,
-  wideBarSpacing,   ///< bars so far apart that the depth of the tension zone decides the spacing
-  noBars,           ///< no bar holds the crack together: its spacing is that depth's alone
-  steelBeyondRange  ///< the steel's strain is beyond what the rule holds for: no width
+  wideBarSpacing,    ///< bars so far apart that the depth of the tension zone decides the spacing
+  noBars,            ///< no bar holds the crack together: its spacing is that depth's alone
+  steelBeyondRange,  ///< the steel's strain is beyond what the rule holds for: no width
+  noCrackedState     ///< the concrete's model bears any tension and never cracks: no width
 };
+
+/// A few words on it, for tables; empty for none.
+const char* CrackRemarkText(CrackRemark remark);
 
 /// A crack in a face of a concrete component: the widest within its region.
 struct CCrack {
