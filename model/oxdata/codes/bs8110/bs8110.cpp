@@ -6,6 +6,7 @@
 #include <string>
 
 #include "model/oxdata/codes/bs8110/concrete.h"
+#include "model/oxdata/codes/bs8110/crack_width.h"
 #include "model/oxdata/codes/bs8110/tension_stiffening.h"
 #include "model/oxdata/codes/code_grades.h"
 
@@ -53,6 +54,12 @@ std::vector<CodeConstant> Constants(const Edition& edition) {
       {"inelastic strain at f_pu/gamma_m", kTendonOffset, "BS 8110-1:1997, Figure 2.3"},
       {"tension at the steel, short-term", TensionAtSteelLevel(0.0), "BS 8110-2:1985, 3.6", "Pa"},
       {"tension at the steel, long-term", TensionAtSteelLevel(1.0), "BS 8110-2:1985, 3.6", "Pa"},
+      {"largest strain of the steel for crack widths / (f_y/E_s)",
+       CrackWidthParameters{}.steelStrainShare, "BS 8110-2:1985, 3.8.3"},
+      {"modulus of the concrete for crack widths / E_c",
+       CrackWidthParameters{}.concreteModulusShare, "BS 8110-2:1985, 3.8.3"},
+      {"concrete's stress at the steel for crack widths", CrackWidthParameters{}.stiffeningStress,
+       "BS 8110-2:1985, 3.8.3", "Pa"},
       {"E structural steel", kModulusOfSteel, "BS 5950-1:2000, 3.1.3", "Pa"},
   };
 }
@@ -115,6 +122,7 @@ CConcCodeData Make(const Edition& edition, CCountry::Code country) {
   data.reinforcements = Reinforcements(edition);
   // Design strengths p_y of BS 5950-1:2000, Table 9, which hold the material factor.
   data.steels = StructuralSteels(kSteelsFromS275, kModulusOfSteel, 1.0);
+  data.crackWidth = CrackWidthParameters{};
   data.usualConcrete = L"C35";
   data.usualReinforcement = edition.barsOf2005 ? L"B500B" : L"Grade 460";
   return data;

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "model/oxdata/codes/bs8110/crack_width.h"
 #include "model/oxdata/codes/code_grades.h"
 #include "model/oxdata/codes/hongkong/concrete.h"
 
@@ -16,6 +17,9 @@ constexpr double kGammaS = 1.15;
 constexpr double kModulusOfBars = 200 * kGPa;
 constexpr double kModulusOfSteel = 205 * kGPa;
 
+/// The rule of 7.2.3 is that of BS 8110-2, 3.8.3, with its numbers.
+constexpr Bs8110::CrackWidthParameters kCrackWidth;
+
 std::vector<CodeConstant> Constants() {
   constexpr double kStrength = 40 * kMPa;
   return {
@@ -28,6 +32,12 @@ std::vector<CodeConstant> Constants() {
       {"eps_cu, f_cu 100 N/mm²", UltimateStrain(100 * kMPa), "HK CoP 2013, Figure 6.1"},
       {"E_c, f_cu 40 N/mm²", Modulus(kStrength), "HK CoP 2013, 3.1.5", "Pa"},
       {"E_s", kModulusOfBars, "HK CoP 2013, 3.2", "Pa", ConstantSource::doubtful},
+      {"largest strain of the steel for crack widths / (f_y/E_s)", kCrackWidth.steelStrainShare,
+       "HK CoP 2013, 7.2.3"},
+      {"modulus of the concrete for crack widths / E_c", kCrackWidth.concreteModulusShare,
+       "HK CoP 2013, 7.2.3", "", ConstantSource::doubtful},
+      {"concrete's stress at the steel for crack widths", kCrackWidth.stiffeningStress,
+       "HK CoP 2013, 7.2.3", "Pa"},
       {"E structural steel", kModulusOfSteel,
        "HK Code of Practice for the Structural Use of Steel 2011, 3.1", "Pa",
        ConstantSource::doubtful},
@@ -70,6 +80,7 @@ CConcCodeData MakeData(CCountry::Code country) {
   data.concretes = Concretes();
   data.reinforcements = Bars(kBars, kModulusOfBars, kGammaS);
   data.steels = StructuralSteels(kSteelsFromS275, kModulusOfSteel, 1.0);
+  data.crackWidth = kCrackWidth;
   data.usualConcrete = L"C35";
   data.usualReinforcement = L"500B";
   return data;

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "model/oxdata/codes/bs8110/crack_width.h"
 #include "model/oxdata/codes/code_grades.h"
 #include "model/oxdata/codes/is456/concrete.h"
 
@@ -15,6 +16,10 @@ constexpr double kGammaC = 1.5;
 constexpr double kGammaS = 1.15;
 constexpr double kModulusOfBars = 200 * kGPa;
 constexpr double kModulusOfSteel = 200 * kGPa;
+
+/// The rule of Annex F is that of BS 8110-2, 3.8.3, but for the concrete's modulus, that
+/// of 6.2.3.1.
+constexpr Bs8110::CrackWidthParameters kCrackWidth{.concreteModulusShare = 1.0};
 constexpr double kGammaM0 = 1.10;
 
 /// A corner of the curve of cold-worked bars.
@@ -39,6 +44,12 @@ std::vector<CodeConstant> Constants() {
       {"E_c, f_ck 25 N/mm²", Modulus(kStrength), "IS 456:2000, 6.2.3.1", "Pa"},
       {"f_cr, f_ck 25 N/mm²", FlexuralStrength(kStrength), "IS 456:2000, 6.2.2", "Pa"},
       {"E_s", kModulusOfBars, "IS 456:2000, 5.6.3", "Pa"},
+      {"largest strain of the steel for crack widths / (f_y/E_s)", kCrackWidth.steelStrainShare,
+       "IS 456:2000, F-1"},
+      {"modulus of the concrete for crack widths / E_c", kCrackWidth.concreteModulusShare,
+       "IS 456:2000, F-1"},
+      {"concrete's stress at the steel for crack widths", kCrackWidth.stiffeningStress,
+       "IS 456:2000, F-1", "Pa"},
       {"E structural steel", kModulusOfSteel, "IS 800:2007, 2.2.4.1", "Pa"},
       {"gamma_m0 structural steel", kGammaM0, "IS 800:2007, Table 5"},
   };
@@ -112,6 +123,7 @@ CConcCodeData MakeData(CCountry::Code country) {
   data.concretes = Concretes();
   data.reinforcements = Reinforcements();
   data.steels = StructuralSteels(kSteels, kModulusOfSteel, kGammaM0);
+  data.crackWidth = kCrackWidth;
   data.usualConcrete = L"M30";
   data.usualReinforcement = L"Fe 500";
   return data;
