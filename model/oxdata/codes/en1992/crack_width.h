@@ -8,6 +8,8 @@ namespace Orlix::Data::Design::En1992 {
 
 /// What the rule is made of; a national annex replaces k_3 and k_4, 7.3.4(3).
 struct CrackWidthParameters {
+  static constexpr const char* kLength = "crack spacing";      ///< s_r,max
+  static constexpr const char* kStrain = "strain difference";  ///< eps_sm - eps_cm
   double ktShort{0.6};         ///< k_t under short-term loads, (7.9)
   double ktLong{0.4};          ///< k_t under long-term loads, (7.9)
   double leastShare{0.6};      ///< mean strain difference at least this part of sigma_s/E_s, (7.9)
@@ -21,6 +23,11 @@ struct CrackWidthParameters {
   /// Cover [m] beyond which k_3 falls with its power -2/3, as some annexes have it; +infinity:
   /// k_3 is a number.
   double k3CoverLimit{std::numeric_limits<double>::infinity()};
+  // w_max [m] by exposure class, Table 7.1N for reinforced members under the quasi-permanent
+  // combination; +infinity: no limit.
+  double limitX0ToXc1{0.4e-3};
+  double limitXc2ToXc4{0.3e-3};
+  double limitXdAndXs{0.3e-3};
 
   friend bool operator==(const CrackWidthParameters&, const CrackWidthParameters&) = default;
 };
