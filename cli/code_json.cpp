@@ -31,6 +31,20 @@ void AddHeading(const CodeChoice& choice, const CConcCode& code, Util::JsonValue
   AddFlag(object, "strengthReduction", code.IsStrengthReduction(), allocator);
 }
 
+std::string_view NameOf(ConstantSource source) {
+  switch (source) {
+    case ConstantSource::compared:
+      return "compared";
+    case ConstantSource::secondary:
+      return "secondary";
+    case ConstantSource::doubtful:
+      return "doubtful";
+    case ConstantSource::user:
+      break;
+  }
+  return "user";
+}
+
 Util::JsonValue ConstantsToJson(const CConcCode& code, Util::JsonAllocator& allocator) {
   Util::JsonValue list(rapidjson::kArrayType);
   for (const CodeConstant& constant : code.Data().constants) {
@@ -39,8 +53,7 @@ Util::JsonValue ConstantsToJson(const CConcCode& code, Util::JsonAllocator& allo
     AddNumber(object, "value", constant.value, allocator);
     AddText(object, "unit", std::string_view(constant.unit), allocator);
     AddText(object, "clause", std::string_view(constant.clause), allocator);
-    AddFlag(object, "compared", constant.source == ConstantSource::compared, allocator);
-    AddFlag(object, "doubtful", constant.source == ConstantSource::doubtful, allocator);
+    AddText(object, "source", NameOf(constant.source), allocator);
     list.PushBack(object, allocator);
   }
   return list;

@@ -14,8 +14,8 @@ namespace Orlix::Cli {
 void CodesToJson(Util::JsonDocument& json);
 
 /// Fills the object of one code, numbers SI: `concrete`, `annex`, `strengthReduction`, `constants`
-/// (`symbol`, `value`, `unit`, `clause`, `compared`, `doubtful`) and `materials`, tables of grades
-/// as documents have them and with `f_d`.
+/// (`symbol`, `value`, `unit`, `clause`, `source`: compared, secondary, doubtful, user) and
+/// `materials`, tables of grades as documents have them and with `f_d`.
 /// @param grade  its points of the curves are added: `curves`, a list of the grades of that name
 void CodeToJson(const Data::Design::CodeChoice& choice, const std::optional<std::string>& grade,
                 Util::JsonDocument& json);

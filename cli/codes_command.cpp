@@ -62,15 +62,18 @@ std::string_view ComparedText(ConstantSource source) {
     case ConstantSource::secondary:
       return "no";
     case ConstantSource::doubtful:
+      return "no, doubtful";
+    case ConstantSource::user:
       break;
   }
-  return "no, doubtful";
+  return "user's";
 }
 
 constexpr const char* kComparedNote = R"(
 compared: whether the value was compared with the printed clause. "no": it comes from text books and
 general knowledge of the code; "no, doubtful": so it does, and the value or the number of its clause
-is in doubt. Compare with the standard what a design relies on.
+is in doubt; "user's": it stands in the annex file with that source. Compare with the standard what
+a design relies on.
 )";
 
 void PrintCodes() {

@@ -32,7 +32,7 @@ class Codes(unittest.TestCase):
                 shown = json.loads(self.run_velmo("codes", name, *chosen, "--json").stdout)
                 self.assertEqual(len(shown["constants"]), code["constants"])
                 for source in ("compared", "doubtful"):
-                    counted = [c for c in shown["constants"] if c[source]]
+                    counted = [c for c in shown["constants"] if c["source"] == source]
                     self.assertEqual(len(counted), code[source])
                 self.assertIn(name, self.run_velmo("codes").stdout)
                 document = os.path.join(folder, "column.json")

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 #include <stdexcept>
+#include <string>
 
 #include "model/oxdata/codes/aci318/aci318.h"
 #include "model/oxdata/codes/bs8110/bs8110.h"
@@ -19,6 +20,14 @@ struct Entry {
   CodeChoice choice;
   CConcCodeData (*make)(CCountry::Code);
 };
+
+/// A code with annexes and the function that makes its data with one.
+struct AnnexedCode {
+  ConcCode code;
+  CConcCodeData (*make)(const NationalAnnex&);
+};
+
+constexpr AnnexedCode kAnnexedCodes[] = {{ConcCode::en1992_2004, En1992::MakeData}};
 
 constexpr Entry kEntries[] = {
     {{ConcCode::en1992_2004, CCountry::Code::none, "EN 1992-1-1:2004", "recommended"},
@@ -51,6 +60,21 @@ CConcCode::CConcCode(ConcCode code, CCountry::Code country) {
     throw std::invalid_argument("the design code has no annex of this country");
   }
   data_ = std::make_shared<const CConcCodeData>(entry->make(country));
+}
+
+CConcCode::CConcCode(ConcCode code, const NationalAnnex& annex) {
+  const auto* annexed =
+      std::find_if(std::begin(kAnnexedCodes), std::end(kAnnexedCodes),
+                   [code](const AnnexedCode& entry) { return entry.code == code; });
+  if (annexed == std::end(kAnnexedCodes)) {
+    throw std::invalid_argument("the design code has no national annexes");
+  }
+  for (const AnnexParameter& p : CConcCode(code, CCountry::Code::none).Data().annexParameters) {
+    if (!IsAllowed(p, ChoiceFor(annex, p.name))) {
+      throw std::invalid_argument(std::string(p.name) + " is " + AllowedText(p));
+    }
+  }
+  data_ = std::make_shared<const CConcCodeData>(annexed->make(annex));
 }
 
 const std::vector<CodeChoice>& KnownCodes() {

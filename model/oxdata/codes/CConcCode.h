@@ -2,11 +2,13 @@
 
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "model/oxdata/codes/CrackWidthRule.h"
+#include "model/oxdata/codes/NationalAnnex.h"
 #include "model/oxdata/codes/StrengthReductionRule.h"
 #include "model/oxdata/materials/CMat.h"
 #include "model/oxdata/reinforcement/CBarHelper.h"
@@ -28,14 +30,16 @@ enum class ConcCode : int {
 
 /// Country whose national choices apply.
 struct CCountry {
-  enum class Code : int { none = 0, unitedKingdom = 44 };
+  /// user: the choices are those of an annex that the user wrote.
+  enum class Code : int { user = -1, none = 0, unitedKingdom = 44 };
 };
 
 /// How the number of a code came to be what it is here.
 enum class ConstantSource {
   compared,   ///< compared with the printed clause
   secondary,  ///< from text books and general knowledge of the code, not compared with the print
-  doubtful    ///< as `secondary`, and the number or its clause is in doubt
+  doubtful,   ///< as `secondary`, and the number or its clause is in doubt
+  user        ///< from a national annex that the user wrote
 };
 
 /// One number of a code, with where it stands: printed by the program's list of codes.
@@ -51,14 +55,17 @@ struct CodeConstant {
 struct CConcCodeData {
   ConcCode code{ConcCode::en1992_2004};
   CCountry::Code country{CCountry::Code::none};
-  std::string name;                       ///< for instance "EN 1992-1-1:2004"
-  std::string annex;                      ///< "recommended values" or the national annex; "": none
-  std::vector<CodeConstant> constants;    ///< national and general parameters
-  std::vector<CMat> concretes;            ///< standard grades, design values included
-  std::vector<CMatRebar> reinforcements;  ///< standard grades, prestressing steel after the bars
-  std::vector<CMat> steels;               ///< standard grades of structural steel
-  std::wstring usualConcrete;             ///< grade of a new section unless it is said
-  std::wstring usualReinforcement;        ///< likewise, of its bars
+  std::string name;   ///< for instance "EN 1992-1-1:2004"
+  std::string annex;  ///< "recommended values" or the national annex; "": none
+  /// What annexes choose; empty: the code has none.
+  std::span<const AnnexParameter> annexParameters;
+  std::optional<NationalAnnex> nationalAnnex;  ///< the choices in force; nothing: no annexes
+  std::vector<CodeConstant> constants;         ///< national and general parameters
+  std::vector<CMat> concretes;                 ///< standard grades, design values included
+  std::vector<CMatRebar> reinforcements;       ///< standard grades, prestressing steel included
+  std::vector<CMat> steels;                    ///< standard grades of structural steel
+  std::wstring usualConcrete;                  ///< grade of a new section unless it is said
+  std::wstring usualReinforcement;             ///< likewise, of its bars
   /// Strength-reduction (phi) factors instead of partial factors; nothing: partial factors.
   std::optional<StrengthReductionRule> strengthReduction;
   std::optional<CrackWidthRule> crackWidth;            ///< nothing: the code has no crack widths
@@ -74,6 +81,10 @@ class CConcCode {
   CConcCode() : CConcCode(ConcCode::en1992_2004, CCountry::Code::none) {}
   /// @throws std::invalid_argument when the country has no annex to the code.
   CConcCode(ConcCode code, CCountry::Code country);
+  /// The code with the choices of an annex that the user wrote.
+  /// @throws std::invalid_argument when the code has no annexes, or when a parameter of it has no
+  ///         choice or one that is not allowed.
+  CConcCode(ConcCode code, const NationalAnnex& annex);
 
   const CConcCodeData& Data() const { return *data_; }
   std::shared_ptr<const CConcCodeData> DataPointer() const { return data_; }

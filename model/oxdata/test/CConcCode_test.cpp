@@ -93,7 +93,7 @@ TEST(CConcCode, ConcretesOfEn1992AreDesignValues) {
 TEST(CConcCode, BarsYieldAndStrandsHarden) {
   const CConcCode code;
   const auto& grades = code.Data().reinforcements;
-  ASSERT_EQ(grades.size(), 5u);
+  ASSERT_EQ(grades.size(), 8u);
   const CMatCurveParam& bar = grades[1].Curve(LoadState::ULS);
   EXPECT_DOUBLE_EQ(bar.Stress(-0.05), -500e6 / 1.15);
   EXPECT_TRUE(bar.IsLimitCap(LoadSign::tension));

@@ -1,6 +1,12 @@
 #include "model/oxdata/codes/en1992/en1992.h"
 
+#include <iterator>
+#include <string>
+#include <utility>
+#include <vector>
+
 #include "model/oxdata/codes/code_grades.h"
+#include "model/oxdata/codes/en1992/annexes.h"
 #include "model/oxdata/codes/en1992/concrete.h"
 
 namespace Orlix::Data::Design::En1992 {
@@ -9,66 +15,97 @@ namespace {
 constexpr double kMPa = 1e6;
 constexpr double kGPa = 1e9;
 
-constexpr double kGammaC = 1.5;
-constexpr double kGammaS = 1.15;
 constexpr double kModulusOfBars = 200 * kGPa;
 constexpr double kModulusOfStrands = 195 * kGPa;
 constexpr double kModulusOfSteel = 210 * kGPa;
 constexpr double kGammaM0 = 1.0;
-constexpr double kStrandProofRatio = 0.9;     // f_p0.1k / f_pk
-constexpr double kStrandDesignStrain = 0.02;  // eps_ud
-constexpr double kDesignStrainRatio = 0.9;    // eps_ud / eps_uk
+constexpr double kStrandProofRatio = 0.9;  // f_p0.1k / f_pk
 
-/// alpha_cc; the United Kingdom's choice is the one for compression in flexure and axial loading.
-double AlphaCc(CCountry::Code country) {
-  return country == CCountry::Code::unitedKingdom ? 0.85 : 1.0;
+/// Ductility classes of bars, Table C.1: the least k = f_t/f_yk and eps_uk.
+struct DuctilityClass {
+  const wchar_t* horizontal;  // names of the grades by the upper branch of 3.2.7(2)
+  const wchar_t* inclined;
+  const char* k;  // symbols
+  const char* epsUk;
+  double strengthRatio;
+  double ultimateStrain;
+};
+
+constexpr DuctilityClass kDuctilityClasses[] = {
+    {L"B500A", L"B500A inclined", "k, class A", "eps_uk, class A", 1.05, 0.025},
+    {L"B500B", L"B500B inclined", "k, class B", "eps_uk, class B", 1.08, 0.05},
+    {L"B500C", L"B500C inclined", "k, class C", "eps_uk, class C", 1.15, 0.075}};
+
+/// What the annex chooses for the grades.
+struct Factors {
+  explicit Factors(const NationalAnnex& annex)
+      : alphaCc(ChoiceFor(annex, "alpha_cc").number),
+        gammaC(ChoiceFor(annex, "gamma_c").number),
+        gammaS(ChoiceFor(annex, "gamma_s").number),
+        strainRatio(ChoiceFor(annex, "eps_ud/eps_uk").number),
+        strandStrain(ChoiceFor(annex, "eps_ud prestressing").number) {}
+
+  double alphaCc, gammaC, gammaS;
+  double strainRatio;   // eps_ud / eps_uk
+  double strandStrain;  // eps_ud
+};
+
+/// The annex's choices; a rule stands behind its parameter, with the number that it starts from.
+void AddChoices(const NationalAnnex& annex, ConstantSource source,
+                std::vector<CodeConstant>& constants) {
+  for (const AnnexParameter& p : Parameters()) {
+    const AnnexChoice& choice = ChoiceFor(annex, p.name);
+    CodeConstant constant{choice.parameter, choice.number, choice.source, std::string(p.unit),
+                          source};
+    if (choice.IsRule()) {
+      constant.symbol += ": " + choice.rule;
+      constant.value = p.recommended;
+    }
+    if (constant.clause.empty()) constant.clause = "annex " + annex.name + ", no source given";
+    constants.push_back(std::move(constant));
+  }
 }
 
-std::vector<CodeConstant> Constants(CCountry::Code country) {
-  const bool uk = country == CCountry::Code::unitedKingdom;
-  return {
-      {"alpha_cc", AlphaCc(country),
-       uk ? "NA to BS EN 1992-1-1, 3.1.6(1)P" : "EN 1992-1-1, 3.1.6(1)P"},
-      {"gamma_c", kGammaC, "EN 1992-1-1, Table 2.1N, persistent and transient"},
-      {"gamma_s", kGammaS, "EN 1992-1-1, Table 2.1N, persistent and transient"},
-      {"gamma_c accidental", 1.2, "EN 1992-1-1, Table 2.1N"},
-      {"gamma_s accidental", 1.0, "EN 1992-1-1, Table 2.1N"},
+std::vector<CodeConstant> Constants(const NationalAnnex& annex, ConstantSource source) {
+  std::vector<CodeConstant> constants;
+  AddChoices(annex, source, constants);
+  const CodeConstant kCommon[] = {
       {"E_s", kModulusOfBars, "EN 1992-1-1, 3.2.7(4)", "Pa"},
-      {"eps_ud/eps_uk", kDesignStrainRatio, "EN 1992-1-1, 3.2.7(2)"},
       {"E_a", kModulusOfSteel, "EN 1993-1-1, 3.2.6(1)", "Pa"},
       {"gamma_M0", kGammaM0, "EN 1993-1-1, 6.1(1); EN 1994-1-1, 2.4.1.2"},
       {"E_p strand", kModulusOfStrands, "EN 1992-1-1, 3.3.6(3)", "Pa"},
       {"f_p0.1k/f_pk", kStrandProofRatio, "EN 1992-1-1, 3.3.6(7)"},
-      {"eps_ud prestressing", kStrandDesignStrain, "EN 1992-1-1, 3.3.6(7)"},
       {"beta short-term", 1.0, "EN 1992-1-1, 7.4.3(3)"},
       {"beta sustained", 0.5, "EN 1992-1-1, 7.4.3(3)"},
   };
-}
-
-/// A steel whose curves are alike in tension and compression and at both load states.
-CMatRebar Steel(const wchar_t* name, double strength, double modulus, const CurveShape& shape) {
-  return ShapedSteel(name, {strength, modulus, 0.0, 1.0, kGammaS}, shape, shape);
+  constants.insert(constants.end(), std::begin(kCommon), std::end(kCommon));
+  for (const DuctilityClass& c : kDuctilityClasses) {
+    constants.push_back({c.k, c.strengthRatio, "EN 1992-1-1, Table C.1"});
+    constants.push_back({c.epsUk, c.ultimateStrain, "EN 1992-1-1, Table C.1"});
+  }
+  return constants;
 }
 
 /// Horizontal upper branch without a strain limit, 3.2.7(2) b).
-CurveShape BarShape() {
+CurveShape HorizontalShape() {
   CurveShape shape;
   shape.kind = CurveKind::bilinear;
   return shape;
 }
 
-/// Inclined upper branch from f_p0.1k to f_pk at eps_uk with the limit eps_ud, 3.3.6(7).
-CurveShape StrandShape() {
+/// Inclined upper branch to `ratio` times the strength at eps_uk with the limit eps_ud: of bars
+/// from f_yk to k f_yk, 3.2.7(2) a), of strands from f_p0.1k to f_pk, 3.3.6(7).
+CurveShape InclinedShape(double ratio, double epsUd, double strainRatio) {
   CurveShape shape;
   shape.kind = CurveKind::bilinear;
-  shape.hardening = 1.0 / kStrandProofRatio;
-  shape.epsHardening = kStrandDesignStrain / kDesignStrainRatio;
-  shape.epsLimit = kStrandDesignStrain;
+  shape.hardening = ratio;
+  shape.epsHardening = epsUd / strainRatio;
+  shape.epsLimit = epsUd;
   return shape;
 }
 
 /// Strength classes of Table 3.1.
-std::vector<CMat> Concretes(CCountry::Code country) {
+std::vector<CMat> Concretes(const Factors& factors) {
   const struct {
     const wchar_t* name;
     double fck;  // MPa
@@ -80,36 +117,64 @@ std::vector<CMat> Concretes(CCountry::Code country) {
   for (const auto& c : kClasses) {
     const double fck = c.fck * kMPa;
     concretes.push_back(ConcreteGrade(
-        c.name, {fck, MeanModulus(fck), MeanTensileStrength(fck), AlphaCc(country), kGammaC},
+        c.name, {fck, MeanModulus(fck), MeanTensileStrength(fck), factors.alphaCc, factors.gammaC},
         ParabolaRectangleShape(fck), CurveKind::interpolated));
   }
   return concretes;
 }
 
 /// Bars of BS 4449:2005 (classes A to C of EN 1992-1-1, Table C.1) and strands of EN 10138-3.
-std::vector<CMatRebar> Reinforcements() {
-  return {Steel(L"B500A", 500 * kMPa, kModulusOfBars, BarShape()),
-          Steel(L"B500B", 500 * kMPa, kModulusOfBars, BarShape()),
-          Steel(L"B500C", 500 * kMPa, kModulusOfBars, BarShape()),
-          Steel(L"Y1770S7", kStrandProofRatio * 1770 * kMPa, kModulusOfStrands, StrandShape()),
-          Steel(L"Y1860S7", kStrandProofRatio * 1860 * kMPa, kModulusOfStrands, StrandShape())};
+/// Curves are alike in tension and compression and at both load states.
+std::vector<CMatRebar> Reinforcements(const Factors& factors) {
+  std::vector<CMatRebar> steels;
+  const auto add = [&](const wchar_t* name, double strength, double modulus,
+                       const CurveShape& shape) {
+    steels.push_back(
+        ShapedSteel(name, {strength, modulus, 0.0, 1.0, factors.gammaS}, shape, shape));
+  };
+  constexpr double kYield = 500 * kMPa;
+  for (const DuctilityClass& c : kDuctilityClasses)
+    add(c.horizontal, kYield, kModulusOfBars, HorizontalShape());
+  const CurveShape strand =
+      InclinedShape(1.0 / kStrandProofRatio, factors.strandStrain, factors.strainRatio);
+  add(L"Y1770S7", kStrandProofRatio * 1770 * kMPa, kModulusOfStrands, strand);
+  add(L"Y1860S7", kStrandProofRatio * 1860 * kMPa, kModulusOfStrands, strand);
+  for (const DuctilityClass& c : kDuctilityClasses) {
+    add(c.inclined, kYield, kModulusOfBars,
+        InclinedShape(c.strengthRatio, factors.strainRatio * c.ultimateStrain,
+                      factors.strainRatio));
+  }
+  return steels;
 }
 
 }  // namespace
 
-CConcCodeData MakeData(CCountry::Code country) {
+CConcCodeData MakeData(const NationalAnnex& annex) {
+  const Factors factors(annex);
   CConcCodeData data;
   data.code = ConcCode::en1992_2004;
-  data.country = country;
+  data.country = CCountry::Code::user;
   data.name = "EN 1992-1-1:2004";
-  data.annex = country == CCountry::Code::unitedKingdom ? "national annex of the United Kingdom"
-                                                        : "recommended values";
-  data.constants = Constants(country);
-  data.concretes = Concretes(country);
-  data.reinforcements = Reinforcements();
+  data.annex = "national annex \"" + annex.name + "\"";
+  data.annexParameters = Parameters();
+  data.nationalAnnex = annex;
+  data.constants = Constants(annex, ConstantSource::user);
+  data.concretes = Concretes(factors);
+  data.reinforcements = Reinforcements(factors);
   data.steels = StructuralSteels(kSteelsOfEn10025, kModulusOfSteel, kGammaM0);
+  data.crackWidth = CrackWidthBy(annex);
   data.usualConcrete = L"C30/37";
   data.usualReinforcement = L"B500B";
+  return data;
+}
+
+CConcCodeData MakeData(CCountry::Code country) {
+  const bool uk = country == CCountry::Code::unitedKingdom;
+  const NationalAnnex annex = uk ? UnitedKingdomAnnex() : RecommendedAnnex(Parameters());
+  CConcCodeData data = MakeData(annex);
+  data.country = country;
+  data.annex = uk ? "national annex of the United Kingdom" : "recommended values";
+  data.constants = Constants(annex, ConstantSource::secondary);
   return data;
 }
 
