@@ -31,7 +31,8 @@ enum class DiagramMark {
   cracking,         ///< a curve with tension reaches the end of its straight part in tension
   firstYield,       ///< the first bar yields in tension
   peak,             ///< largest moment, where the curve falls before it ends
-  failure           ///< a strain limit is reached: the curve ends here
+  failure,          ///< a strain limit is reached: the curve ends here
+  axialLost         ///< the held axial force is carried no further: the curve ends here
 };
 
 /// "pure compression" and so on; empty for none.
