@@ -35,7 +35,8 @@ CVelmoData::CVelmoData(const CVelmoData& other)
       options_(other.options_),
       filePath_(other.filePath_),
       modelId_(other.modelId_),
-      readProblems_(other.readProblems_) {}
+      readProblems_(other.readProblems_),
+      gradeChanges_(other.gradeChanges_) {}
 
 CVelmoData& CVelmoData::operator=(const CVelmoData& other) {
   if (this != &other) *this = CVelmoData(other);

@@ -13,6 +13,7 @@
 #include "model/oxutil/json_fwd.h"
 #include "model/vldata/document/AnalysisQueue.h"
 #include "model/vldata/document/CModelData.h"
+#include "model/vldata/document/GradeChange.h"
 #include "model/vldata/document/VelmoSection.h"
 #include "model/vldata/json/ProblemList.h"
 
@@ -99,7 +100,8 @@ class CVelmoData : public CModelData {
   /// @throws std::out_of_range for no such section.
   void UpdateAnalysisQueue(int iSec);
 
-  /// Sets the design code: {"concrete": name, "annex": "recommended" | "UK"}, or the name alone.
+  /// Sets the design code: {"concrete": name, "annex": "recommended" | "UK" | an annex of the
+  /// user's as an object (docs/national-annex.md)}, or the name alone.
   /// Grades that are the old code's standard ones become the new code's of the same name; others
   /// stay. Another code brings its standard grades along, and the old code's of other names go
   /// unless something is made of them: such a grade stays too, and stands in `ReadProblems`.
@@ -107,6 +109,9 @@ class CVelmoData : public CModelData {
   /// A code or an annex that is absent stays; of a new code it is the first one listed.
   void SetCodes(const Util::JsonValue& json);
   void SetCodes(const OrlixString<wchar_t>& name);
+  /// What the last `SetCodes` did to the grades, in the order of the tables; nothing of those whose
+  /// values are the same under both codes.
+  const std::vector<GradeChange>& GradeChanges() const { return gradeChanges_; }
   /// Sets or adds a grade: {"type": "concrete", "name": …, …} as in a document's material table.
   /// Absent members are those of the grade that has the name now, else of the code's standard one.
   /// Something wrong changes nothing and stands in `ReadProblems`.
@@ -165,6 +170,7 @@ class CVelmoData : public CModelData {
   std::filesystem::path filePath_;
   std::string modelId_;
   std::vector<ReadProblem> readProblems_;
+  std::vector<GradeChange> gradeChanges_;
 };
 
 }  // namespace Orlix::Data

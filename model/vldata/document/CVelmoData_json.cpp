@@ -142,14 +142,16 @@ void CVelmoData::toJson(Util::JsonDocument& json, Util::JsonAllocator& allocator
 
 void CVelmoData::ChangeCode(const Design::ConcreteCode& code, ProblemList& problems) {
   const std::string from = code_.Data().name;
-  const auto stranded = MoveToCode(code_.Data(), code.Data(), *materials_, sections_);
+  gradeChanges_ = MoveToCode(code_.Data(), code.Data(), *materials_, sections_);
   code_ = code;
   const JsonPath root;
   const JsonPath tables = root.Member("materials");
-  for (const auto& [type, grade] : stranded) {
-    const JsonPath table = tables.Member(NameOf(type));
+  for (const GradeChange& change : gradeChanges_) {
+    if (change.kind != GradeChange::Kind::keptInUse) continue;
+    const JsonPath table = tables.Member(NameOf(change.type));
+    const int grade = materials_->Find(change.type, change.name.View());
     const JsonPath place = table.Element(static_cast<std::size_t>(grade));
-    const std::string name = to_string(materials_->Grade(type, grade).Name());
+    const std::string name = to_string(change.name);
     problems.AddText(place.Member("name"), "\"" + name + "\", a grade of " + from + " that stays",
                      "a grade of " + code_.Data().name);
   }
@@ -158,6 +160,7 @@ void CVelmoData::ChangeCode(const Design::ConcreteCode& code, ProblemList& probl
 void CVelmoData::SetCodes(const Util::JsonValue& json) {
   ProblemList problems;
   const JsonPath root;
+  gradeChanges_.clear();
   const auto code = CodeFromJson(json, root.Member("codes"), code_, problems);
   if (code && problems.IsEmpty()) ChangeCode(*code, problems);
   readProblems_ = problems.Problems();

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <optional>
 #include <set>
 #include <utility>
 
@@ -54,36 +55,59 @@ void Renumber(CSecComp& component, MatType type, const NewGrades& grades) {
   component.Concrete().SetReinforcement(std::move(reinforcement));
 }
 
+/// What becomes of a grade under a new code; nothing: its values are the same there.
+std::optional<GradeChange::Kind> ChangeOf(const Design::CMat& grade, const Design::CMat* old,
+                                          const Design::CMat* standard, bool isUsed) {
+  const bool isOld = old != nullptr && grade == *old;
+  if (standard != nullptr && grade == *standard) return std::nullopt;
+  if (!isOld) return GradeChange::Kind::keptOwn;
+  if (standard != nullptr) return GradeChange::Kind::replaced;
+  return isUsed ? GradeChange::Kind::keptInUse : GradeChange::Kind::removed;
+}
+
+/// Moves the table of one type.
+/// @return by grade of the old table, the grade in the new one
+NewGrades MoveTable(const Design::CConcCodeData& from, const Design::CConcCodeData& to,
+                    MatType type, const Materials& materials, const std::set<Grade>& used,
+                    Materials& moved, std::vector<GradeChange>& changes) {
+  NewGrades newGrades;
+  for (int i = 0; i < materials.NumGrades(type); ++i) {
+    const Design::CMat& grade = materials.Grade(type, i);
+    const Design::CMat* standard = StandardGrade(to, type, grade.Name().View());
+    const auto change = ChangeOf(grade, StandardGrade(from, type, grade.Name().View()), standard,
+                                 used.contains({type, i}));
+    if (change) changes.push_back({type, grade.Name(), *change});
+    if (change == GradeChange::Kind::removed) {
+      newGrades.push_back(-1);
+    } else {
+      newGrades.push_back(moved.Add(change == GradeChange::Kind::replaced ? *standard : grade));
+    }
+  }
+  return newGrades;
+}
+
 }  // namespace
 
-std::vector<StrandedGrade> MoveToCode(const Design::CConcCodeData& from,
-                                      const Design::CConcCodeData& to, Materials& materials,
-                                      std::vector<Velmo9::VelmoSection>& sections) {
+std::vector<GradeChange> MoveToCode(const Design::CConcCodeData& from,
+                                    const Design::CConcCodeData& to, Materials& materials,
+                                    std::vector<Velmo9::VelmoSection>& sections) {
   const std::set<Grade> used = UsedGrades(sections);
   Materials moved;
-  std::vector<StrandedGrade> stranded;
+  std::vector<GradeChange> changes;
   for (const MatType type :
        {MatType::concrete, MatType::reinforcement, MatType::steel, MatType::FRP}) {
-    NewGrades newGrades;
-    for (int i = 0; i < materials.NumGrades(type); ++i) {
-      const Design::CMat& grade = materials.Grade(type, i);
-      const Design::CMat* old = StandardGrade(from, type, grade.Name().View());
-      const Design::CMat* standard = StandardGrade(to, type, grade.Name().View());
-      const bool isOld = old != nullptr && grade == *old;
-      if (isOld && standard == nullptr && !used.contains({type, i})) {
-        newGrades.push_back(-1);
-        continue;
-      }
-      newGrades.push_back(moved.Add(isOld && standard != nullptr ? *standard : grade));
-      if (isOld && standard == nullptr) stranded.push_back({type, newGrades.back()});
-    }
+    const NewGrades newGrades = MoveTable(from, to, type, materials, used, moved, changes);
     for (Velmo9::VelmoSection& section : sections) {
       for (CSecComp& component : section.Components()) Renumber(component, type, newGrades);
     }
+    const int before = moved.NumGrades(type);
     if (from.code != to.code) AddStandardGrades(to, type, moved);
+    for (int i = before; i < moved.NumGrades(type); ++i) {
+      changes.push_back({type, moved.Grade(type, i).Name(), GradeChange::Kind::added});
+    }
   }
   materials = std::move(moved);
-  return stranded;
+  return changes;
 }
 
 }  // namespace Orlix::Data

@@ -7,6 +7,7 @@
 #include "model/oxutil/text.h"
 #include "model/vldata/document/unit_keys.h"
 #include "model/vldata/json/ObjectReader.h"
+#include "model/vldata/json/annex_json.h"
 #include "model/vldata/json/json_values.h"
 
 namespace Orlix::Data {
@@ -56,7 +57,28 @@ std::string KnownAnnexes(std::string_view name) {
   for (const CodeChoice& choice : Design::KnownCodes()) {
     if (choice.name == name && !choice.annex.empty()) AppendChoice(list, choice.annex);
   }
-  return list.empty() ? "no annex for this code" : "one of " + list;
+  return list.empty() ? "no annex for this code" : "one of " + list + ", or an annex as an object";
+}
+
+// The code with the annex that a value names or is.
+std::optional<Design::ConcreteCode> CodeWithAnnex(const CodeChoice& code,
+                                                  const Util::JsonValue& annex,
+                                                  const JsonPath& path, ProblemList& problems) {
+  if (annex.IsObject()) {
+    const Design::ConcreteCode recommended(code.code, code.country);
+    const auto own = AnnexFromJson(annex, path, recommended.Data(), problems);
+    if (!own) return std::nullopt;
+    return Design::ConcreteCode(code.code, *own);
+  }
+  const CodeChoice* choice = nullptr;
+  if (annex.IsString() && annex.GetStringLength() > 0) {
+    choice = FindChoice(code.name, {annex.GetString(), annex.GetStringLength()});
+  }
+  if (choice == nullptr) {
+    problems.Add(path, &annex, KnownAnnexes(code.name));
+    return std::nullopt;
+  }
+  return Design::ConcreteCode(choice->code, choice->country);
 }
 
 }  // namespace
@@ -100,9 +122,13 @@ CUnit UnitsFromJson(const Util::JsonValue& json, const JsonPath& path, ProblemLi
 
 Util::JsonValue CodesToJson(const Design::ConcreteCode& code, Util::JsonAllocator& allocator) {
   Util::JsonValue json(rapidjson::kObjectType);
-  if (const CodeChoice* choice = ChoiceOf(code)) {
-    AddText(json, "concrete", choice->name, allocator);
-    if (!choice->annex.empty()) AddText(json, "annex", choice->annex, allocator);
+  AddText(json, "concrete", std::string_view(code.Data().name), allocator);
+  if (code.Data().country == Design::CCountry::Code::user) {
+    Util::JsonValue annex = AnnexToJson(code.Data(), allocator);
+    AddMember(json, "annex", annex, allocator);
+  } else if (const CodeChoice* choice = ChoiceOf(code);
+             choice != nullptr && !choice->annex.empty()) {
+    AddText(json, "annex", choice->annex, allocator);
   }
   return json;
 }
@@ -116,29 +142,23 @@ std::optional<Design::ConcreteCode> CodeFromJson(const Util::JsonValue& json, co
     problems.Add(path, &json, KnownNames());
     return std::nullopt;
   }
-  const CodeChoice* now = ChoiceOf(current);
   ObjectReader reader(json, path, problems);
   const Util::JsonValue* concrete = reader.Find("concrete");
   const auto name = reader.Text("concrete");
-  const Util::JsonValue* annexValue = reader.Find("annex");
-  const auto annex = reader.Text("annex");
+  const Util::JsonValue* annex = reader.Find("annex");
   reader.ReportUnknown();
-  if (!json.IsObject() || (concrete != nullptr && !name) || (annexValue != nullptr && !annex)) {
-    return std::nullopt;
-  }
-  const std::string wantedName = name.value_or(now != nullptr ? std::string(now->name) : "");
-  if (FindChoice(wantedName, {}) == nullptr) {
+  if (!json.IsObject() || (concrete != nullptr && !name)) return std::nullopt;
+  const std::string wanted = name.value_or(current.Data().name);
+  const CodeChoice* first = FindChoice(wanted, {});
+  if (first == nullptr) {
     reader.Report("concrete", KnownNames());
     return std::nullopt;
   }
-  std::string wantedAnnex = annex.value_or("");
-  if (!annex && now != nullptr && now->name == wantedName) wantedAnnex = now->annex;
-  const CodeChoice* choice = FindChoice(wantedName, wantedAnnex);
-  if (choice == nullptr || (annex && annex->empty())) {
-    reader.Report("annex", KnownAnnexes(wantedName));
-    return std::nullopt;
+  if (annex == nullptr) {
+    return wanted == current.Data().name ? current
+                                         : Design::ConcreteCode(first->code, first->country);
   }
-  return Design::ConcreteCode(choice->code, choice->country);
+  return CodeWithAnnex(*first, *annex, reader.PathOf("annex"), problems);
 }
 
 }  // namespace Orlix::Data

@@ -2,6 +2,7 @@
 
 #include <bit>
 #include <cstddef>
+#include <optional>
 #include <utility>
 
 #include "model/vldata/response/stages.h"
@@ -130,6 +131,17 @@ void AddPreload(Hash& hash, const CVelmoData& document, const VelmoSection& sect
   for (const double number : {input.x, input.y, input.z}) hash.Add(number);
 }
 
+void AddAnnex(Hash& hash, const std::optional<Design::NationalAnnex>& annex) {
+  hash.Add(annex.has_value());
+  if (!annex) return;
+  hash.AddSize(annex->choices.size());
+  for (const Design::AnnexChoice& choice : annex->choices) {
+    hash.Add(choice.IsRule() ? 0.0 : choice.number);
+    hash.AddSize(choice.rule.size());
+    for (const char c : choice.rule) hash.Add(static_cast<int>(c));
+  }
+}
+
 }  // namespace
 
 std::uint64_t ResultsStamp(const CVelmoData& document, const VelmoSection& section, int iTask) {
@@ -138,6 +150,7 @@ std::uint64_t ResultsStamp(const CVelmoData& document, const VelmoSection& secti
   Hash hash;
   hash.Add(static_cast<int>(document.concreteCode().Data().code));
   hash.Add(static_cast<int>(document.concreteCode().Data().country));
+  AddAnnex(hash, document.concreteCode().Data().nationalAnnex);
   hash.Add(document.Options().deductDisplacedConcrete);
   hash.Add(task.ComputesULS());
   hash.Add(task.ComputesSLS());

@@ -1,3 +1,4 @@
+#include "model/oxutil/text.h"
 #include "model/vldata/document/CVelmoData.h"
 
 #include <gtest/gtest.h>
@@ -60,6 +61,39 @@ TEST(CVelmoData, ANewCodeTakesItsStandardGradesAlongAndLeavesEditedOnes) {
   EXPECT_EQ(Concrete(document, L"C30/37").Properties().alpha, 0.85);
   document.SetCodes(ParseText(R"({"concrete": "EN 1992-1-1:2004"})"));  // the annex stays
   EXPECT_EQ(Concrete(document, L"C30/37").Properties().alpha, 0.85);
+}
+
+std::string Changes(const CVelmoData& document, GradeChange::Kind kind) {
+  std::string names;
+  for (const GradeChange& change : document.GradeChanges()) {
+    if (change.kind == kind) names += to_string(change.name) + "|";
+  }
+  return names;
+}
+
+TEST(CVelmoData, SaysOfEachGradeWhatANewCodeDidToIt) {
+  CVelmoData document = BlockDocument({{0.1, 0.0}});  // C30/37, B500B
+  document.getMaterials()->Grade(MatType::concrete, 0) =
+      Edited(document.getMaterials()->Grade(MatType::concrete, 0), 1.3);
+  using Kind = GradeChange::Kind;
+  document.SetCodes(ParseText(R"({"annex": "UK"})"));
+  EXPECT_EQ(Changes(document, Kind::replaced),  // all concretes but the edited one, no steel
+            "C16/20|C20/25|C25/30|C30/37|C35/45|C40/50|C45/55|C50/60|C55/67|C60/75|C70/85|C80/95|"
+            "C90/105|");
+  EXPECT_EQ(Changes(document, Kind::keptOwn), "C12/15|");
+  EXPECT_EQ(document.GradeChanges().size(), 14U);
+  document.SetCodes(L"BS 8110-1:1997 Amd 3");
+  EXPECT_EQ(Changes(document, Kind::keptInUse), "C30/37|");
+  EXPECT_EQ(Changes(document, Kind::replaced),  // steels by their modulus, bars not
+            "S275|S275 (16 to 40 mm)|S355|S355 (16 to 40 mm)|S460|S460 (16 to 40 mm)|");
+  EXPECT_EQ(Changes(document, Kind::keptOwn), "C12/15|");
+  EXPECT_EQ(Changes(document, Kind::removed),
+            "C16/20|C20/25|C25/30|C35/45|C40/50|C45/55|C50/60|C55/67|C60/75|C70/85|C80/95|C90/105|"
+            "Y1770S7|Y1860S7|B500A inclined|B500B inclined|B500C inclined|S235|"
+            "S235 (16 to 40 mm)|");
+  EXPECT_EQ(Changes(document, Kind::added),
+            "C20|C25|C30|C35|C40|C45|C50|C55|C60|Grade 250|Grade 460|Wire 1670|Wire 1770|"
+            "Strand 1670|Strand 1770|Strand 1860|");
 }
 
 TEST(CVelmoData, AnotherCodeAndBackIsTheSameDocument) {

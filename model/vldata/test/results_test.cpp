@@ -200,6 +200,11 @@ TEST(ResultsStamp, ChangesWithWhatDecidesTheResultsAndWithNothingElse) {
       {"an option", true, false, [](Document& d, Section&) { d.SetOptions({false}); }},
       {"the code", true, false,
        [](Document& d, Section&) { d.SetCodes(ParseText(R"({"annex": "UK"})")); }},
+      {"an annex of the user's that differs in k_4 alone", true, true,
+       [](Document& d, Section&) {
+         d.SetCodes(ParseText(R"({"annex": {"format": "velmo national annex", "version": 1,
+             "code": "EN 1992-1-1:2004", "name": "own", "parameters": {"k_4": 0.4}}})"));
+       }},
       {"the limit states", true, false,
        [](Document&, Section& s) { s.Task(0).SetLimitStates(true, true); }},
       {"creep at ULS", false, false, creep({LoadTerm::longTerm, 2.0, 1.0})},
