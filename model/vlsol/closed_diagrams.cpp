@@ -64,13 +64,15 @@ std::optional<Inside> InsideAtAxial(const CompiledSection& section, double axial
     low = std::min(low, 1.0 / limit.inverseLower);
     high = std::max(high, 1.0 / limit.inverseUpper);
   }
+  constexpr auto kForm = Numeric::CurveForm::ramp;  // a step has no strain for every force
   constexpr int kHalvings = 60;
   for (int i = 0; i < kHalvings; ++i) {
     const double middle = 0.5 * (low + high);
-    (Numeric::Integrate(section, {middle, 0.0, 0.0}).x < axial ? low : high) = middle;
+    const double carried = Numeric::Integrate(section, {middle, 0.0, 0.0}, kForm).x;
+    (carried < axial ? low : high) = middle;
   }
   const Plane plane{0.5 * (low + high), 0.0, 0.0};
-  Vec3<double> load = section.LoadToOrigin(Numeric::Integrate(section, plane));
+  Vec3<double> load = section.LoadToOrigin(Numeric::Integrate(section, plane, kForm));
   load.x = axial;
   return InsideAt(section, load);
 }

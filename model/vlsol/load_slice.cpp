@@ -64,6 +64,10 @@ bool LoadSlice::Centre(Vec2<double> axis, double& halfWidth) {
   const double b = behind.found ? behind.lambda : 0.0;
   if (!(a + b > 0.0)) return false;
   halfWidth = 0.5 * (a + b);
+  // Where curves soften the capacity depends on the path: those from the slice's origin are the
+  // ones that the capacity search follows.
+  constexpr double kWellInside = 0.01;
+  if (section_->softens && std::min(a, b) > kWellInside * halfWidth) return true;
   const Vec2<double> middle = middle_ + 0.5 * (a - b) * axis;
   const Numeric::EquilibriumResult e =
       Numeric::SolveEquilibrium(*section_, section_->LoadToLocal(Load(middle)), &middlePlane_);
