@@ -3,6 +3,7 @@
 #include <cstddef>
 
 #include "model/vldata/response/CompileMessages.h"
+#include "model/vlsol/diagrams.h"
 
 namespace Orlix::AppMessages {
 
@@ -19,6 +20,29 @@ std::string InvalidTask(int iSec, int iTask) {
 }
 
 std::string NoCaseResults(int iCase) { return "Unable to get results for case " + FromOne(iCase); }
+
+std::string WrongDiagramMember(const std::string& member, const std::string& expected) {
+  return "Diagram: \"" + member + "\" has to be " + expected + ".";
+}
+
+std::string NoDiagram(int iTask, VlSol::DiagramProblem problem, LoadState state) {
+  const std::string name = state == LoadState::ULS ? "ULS" : "SLS";
+  switch (problem) {
+    case VlSol::DiagramProblem::none:
+      break;
+    case VlSol::DiagramProblem::notCompiled:
+      return TaskPrefix(iTask) + "There is no diagram of a task that does not pass its checks";
+    case VlSol::DiagramProblem::notComputed:
+      return TaskPrefix(iTask) + "The task does not compute " + name +
+             "; set it to do so for a diagram";
+    case VlSol::DiagramProblem::noCapacity:
+      return TaskPrefix(iTask) + "The section carries no load of this direction: no diagram";
+    case VlSol::DiagramProblem::axialForce:
+      return TaskPrefix(iTask) +
+             "The section does not carry this axial force without a moment: no diagram";
+  }
+  return {};
+}
 
 std::string TaskPrefix(int iTask) { return Data::Velmo9::CompileMessages::TaskPrefix(iTask); }
 

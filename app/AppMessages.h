@@ -3,6 +3,12 @@
 #include <string>
 #include <vector>
 
+#include "model/oxutil/Enumerations.h"
+
+namespace Orlix::VlSol {
+enum class DiagramProblem;
+}
+
 namespace Orlix::AppMessages {
 
 // Texts of the facade. Indices come in from zero and are shown from one.
@@ -10,6 +16,11 @@ namespace Orlix::AppMessages {
 std::string InvalidSection(int iSec);
 std::string InvalidTask(int iSec, int iTask);
 std::string NoCaseResults(int iCase);
+
+/// A member of a request for a diagram. @param expected  what it has to be
+std::string WrongDiagramMember(const std::string& member, const std::string& expected);
+/// Why a task has no diagram at a limit state.
+std::string NoDiagram(int iTask, VlSol::DiagramProblem problem, LoadState state);
 
 /// What a message about a task begins with.
 std::string TaskPrefix(int iTask);

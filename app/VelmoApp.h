@@ -22,6 +22,8 @@ struct ClipboardCaseData;
 namespace VlSol {
 struct SolveOptions;
 }
+struct Diagram;
+struct DiagramRequest;
 
 /// The one object a front end holds: it owns a document and offers every command on it. Indices of
 /// sections, tasks and cases count from zero, a negative one is out of range; numbers in messages
@@ -202,6 +204,18 @@ class VelmoApp {
   /// Formats a range of a task's case table for a spreadsheet; docs/clipboard.md lists the columns.
   /// Cases that are not analysed have their inputs only. Nothing is put on the clipboard.
   /// @param request  range and options, see docs/facade-json.md
+  // Diagrams of capacity and of curvature; docs/diagrams.md says what is held and what is named.
+
+  /// The diagram of a task. One of failure loads shows the task's own: it is solved first when a
+  /// case has no result that belongs to the model as it is, and the results stay in the document.
+  /// @return false, with a message, when there is no such task, a member of the request is out of
+  ///         range or there is no curve; then `diagram` stays
+  bool GetDiagram(int iSec, int iTask, const VlSol::DiagramRequest& request,
+                  VlSol::Diagram& diagram, std::string& message);
+  /// As above, with request and diagram as JSON.
+  /// @param[out] json  becomes an object, empty when the call fails
+  bool GetDiagram(const Util::JsonValue& request, Util::JsonDocument& json, std::string& message);
+
   /// @return false when the request is not of that form or there is no such task; then `text` stays
   bool CopyTaskData(const Util::JsonValue& request, std::string& text) const;
 
