@@ -21,7 +21,7 @@ struct PictureOptions {
   PictureFormat format{PictureFormat::svg};
   int widthPx{2000};  ///< of a PNG, kFewestPx to kMostPx
   /// SVG: stands before every id, so that pictures with different prefixes can be put into one HTML
-  /// page; letters, digits and "-".
+  /// page, for which the XML declaration is left out; letters, digits and "-". Empty: a file.
   std::string idPrefix;
 
   static constexpr int kFewestPx = 400;

@@ -1,0 +1,421 @@
+#include "plot/ProfileDrawing.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <cstdlib>
+#include <limits>
+#include <tuple>
+#include <utility>
+
+#include "plot/LabelPlacer.h"
+#include "plot/drawing_text.h"
+#include "plot/marks.h"
+#include "plot/ticks.h"
+#include "results/StressStrainCalculator.h"
+
+namespace Orlix::Plot {
+
+namespace {
+
+constexpr double kHeading = 9.0;  // above the panels [mm]
+constexpr double kAxis = 12.0;    // below them
+constexpr double kLevels = 14.0;  // left of them, for the distances
+constexpr double kPanel = 31.0;   // width of a panel
+constexpr double kGap = 5.0;      // between two
+constexpr Pen kCurvePen{0.4};
+constexpr TextStyle kValueStyle{2.2};
+constexpr TextStyle kTickStyle{1.9, Align::centre};
+
+void Widen(std::pair<double, double>& range, double value) {
+  if (!std::isfinite(value)) return;
+  range.first = std::min(range.first, value);
+  range.second = std::max(range.second, value);
+}
+
+// "1–4, 7": the numbers of bars, those that follow each other as a range.
+std::string Joined(const std::vector<std::string>& numbers) {
+  std::string text;
+  for (std::size_t i = 0; i < numbers.size();) {
+    std::size_t last = i;
+    const auto value = [&](std::size_t k) { return std::atol(numbers[k].c_str()); };
+    const bool isPlain = numbers[i].find('.') == std::string::npos;
+    while (isPlain && last + 1 < numbers.size() && value(last + 1) == value(last) + 1) ++last;
+    if (!text.empty()) text += ",";
+    text += numbers[i];
+    if (last > i) text += (last > i + 1 ? "–" : ",") + numbers[last];
+    i = last + 1;
+  }
+  return text;
+}
+
+}  // namespace
+
+ProfileDrawing::ProfileDrawing(const SectionView& view, const Data::CUnit& units,
+                               const PlanPlace& plan, const Box& box)
+    : view_(view), units_(units), box_(box), across_(AcrossNeutralAxis(view)) {
+  std::pair<double, double> range{std::numeric_limits<double>::infinity(),
+                                  -std::numeric_limits<double>::infinity()};
+  for (const ComponentView& component : view.components) {
+    if (!component.isIncluded || component.polygons.empty()) continue;
+    const Vec2<double> own = RangeOf(component);
+    Widen(range, own.x);
+    Widen(range, own.y);
+  }
+  std::tie(low_, high_) = range;
+  const double room = box.Height() - kHeading - kAxis - 6.0;
+  isBesideSection_ = across_.x == 0.0;
+  scale_ = std::min(plan.scale, room / (high_ - low_));
+  if (isBesideSection_ && scale_ == plan.scale) {
+    middle_ = plan.origin.y;
+  } else {
+    isBesideSection_ = false;
+    const double centre = (box.top + kHeading + box.bottom - kAxis) / 2.0;
+    middle_ = centre + scale_ * (low_ + high_) / 2.0;
+  }
+}
+
+Vec2<double> ProfileDrawing::RangeOf(const ComponentView& component) const {
+  std::pair<double, double> range{std::numeric_limits<double>::infinity(),
+                                  -std::numeric_limits<double>::infinity()};
+  for (const auto& polygon : component.polygons) {
+    for (const Vec2<double>& p : polygon.outline) Widen(range, DistanceOf(p));
+  }
+  return {range.first, range.second};
+}
+
+bool ProfileDrawing::IsAlong(const ComponentView& component) const {
+  const Vec2<double> gradient{-component.plane.Vector().z, component.plane.Vector().y};
+  return std::abs(Cross(gradient, across_)) <= 1e-5 * Length(gradient) || Length(gradient) < 1e-10;
+}
+
+double ProfileDrawing::StrainAt(const ComponentView& component, double distance) const {
+  return component.plane.StrainAt(distance * across_);
+}
+
+void ProfileDrawing::Draw(Canvas& canvas) const {
+  DrawLevels(canvas);
+  Box panel{box_.left + kLevels, Y(high_), box_.left + kLevels + kPanel, Y(low_)};
+  const auto next = [&panel] {
+    panel.left = panel.right + kGap;
+    panel.right = panel.left + kPanel;
+  };
+  DrawStrains(canvas, panel);
+  if (!view_.state->hasStresses) {
+    canvas.Text({panel.right + kGap, panel.Centre().y}, "Mean strains: no stresses belong to them.",
+                {2.5});
+    return;
+  }
+  next();
+  DrawConcrete(canvas, panel);
+  next();
+  DrawSteel(canvas, panel);
+}
+
+ProfileDrawing::Panel ProfileDrawing::PanelOf(Box box, double low, double high) const {
+  low = std::min(low, 0.0);
+  high = std::max(high, 0.0);
+  Panel panel{box, box.Centre().x, 0.0};
+  if (!(high - low > 0.0)) return panel;
+  constexpr double kRoom = 0.86;  // of the width; the rest keeps labels off the neighbours
+  panel.scale = kRoom * box.Width() / (high - low);
+  panel.zero = box.left + (1.0 - kRoom) / 2.0 * box.Width() - panel.scale * low;
+  return panel;
+}
+
+void ProfileDrawing::DrawPanel(Canvas& canvas, const Panel& panel, const std::string& heading,
+                               double factor) const {
+  const Box& box = panel.box;
+  const TextStyle style{2.5, Align::left, true};
+  canvas.Text({box.left, box_.top + 5.0}, heading, style);
+  canvas.Line({panel.zero, box.top - 1.0}, {panel.zero, box.bottom + 1.0}, {0.25});
+  if (panel.scale == 0.0) return;
+  const double y = box.bottom + 6.0;
+  canvas.Line({box.left, y}, {box.right, y}, {0.15});
+  const auto value = [&](double x) { return (x - panel.zero) / panel.scale * factor; };
+  const Ticks ticks = TicksOf(value(box.left), value(box.right), 4);
+  for (const double tick : ticks.values) {
+    const double x = panel.X(tick / factor);
+    canvas.Line({x, y}, {x, y + 1.0}, {0.15});
+    canvas.Text({x, y + 3.2}, TickText(tick, ticks), kTickStyle);
+  }
+}
+
+// The axis of the distances, and lines over all panels at the edges and at the neutral axis.
+void ProfileDrawing::DrawLevels(Canvas& canvas) const {
+  const double x = box_.left + kLevels - 3.0;
+  const double factor = units_.Conversion(Dimension::sectionDimensions);
+  const std::string name = across_.x == 0.0 ? "z" : across_.y == 0.0 ? "y" : "s";
+  canvas.Text({box_.left + 2.0, box_.top + 5.0},
+              name + " [" + UnitTextOf(Dimension::sectionDimensions, units_) + "]",
+              {2.5, Align::left, true});
+  canvas.Line({x, Y(high_)}, {x, Y(low_)}, kThinPen);
+  const int most = std::clamp(static_cast<int>((Y(low_) - Y(high_)) / 8.0), 2, 12);
+  const Ticks ticks = TicksOf(low_ * factor, high_ * factor, most);
+  for (const double tick : ticks.values) {
+    const double y = Y(tick / factor);
+    canvas.Line({x - 1.0, y}, {x, y}, kThinPen);
+    canvas.Text({x - 1.4, y + 0.7}, TickText(tick, ticks), {1.9, Align::right});
+  }
+  const double right =
+      box_.left + kLevels + (view_.state->hasStresses ? 3.0 * kPanel + 2.0 * kGap : kPanel);
+  for (const double distance : {low_, high_}) {
+    canvas.Line({x, Y(distance)}, {right, Y(distance)}, {0.1, 0.4});
+  }
+  const Vec3<double>& v = view_.state->plane.Vector();
+  const double rate = v.y * across_.y - v.z * across_.x;
+  if (std::isnan(view_.state->axis.angle) || rate == 0.0) return;
+  const double neutral = -v.x / rate;
+  if (neutral <= low_ || neutral >= high_) return;
+  canvas.Line({x, Y(neutral)}, {right, Y(neutral)}, {0.3, kBlack, kNeutralAxisPen.dashes});
+}
+
+void ProfileDrawing::DrawStrains(Canvas& canvas, const Box& box) const {
+  const double factor = units_.Conversion(Dimension::strain);
+  std::pair<double, double> range{0.0, 0.0};
+  for (const Extremes& extremes : {view_.state->concrete, view_.state->others}) {
+    if (!extremes) continue;
+    Widen(range, extremes->minStrain);
+    Widen(range, extremes->maxStrain);
+  }
+  const Panel panel = PanelOf(box, range.first, range.second);
+  DrawPanel(canvas, panel, "Strain [" + UnitTextOf(Dimension::strain, units_) + "]", factor);
+  LabelPlacer placer({box.left - 2.0, box.top - 4.0, box.right + 4.0, box.bottom + 5.0});
+  std::vector<std::pair<Spot, double>> ends;
+  for (const ComponentView& component : view_.components) {
+    if (!component.isIncluded || component.polygons.empty()) continue;
+    if (!IsAlong(component)) {
+      for (const auto& polygon : component.polygons) {
+        for (const Vec2<double>& p : polygon.outline) {
+          canvas.FillCircle({panel.X(component.plane.StrainAt(p)), Y(DistanceOf(p))}, 0.4, kBlack);
+        }
+      }
+      continue;
+    }
+    const auto [first, last] = RangeOf(component);
+    std::vector<Spot> line;
+    for (const double distance : {first, last}) {
+      const double strain = StrainAt(component, distance);
+      line.push_back({panel.X(strain), Y(distance)});
+      ends.emplace_back(line.back(), strain);
+    }
+    DrawBlock(canvas, panel, line, 0.0);
+    placer.Block(std::vector<Ring>{line});
+  }
+  const double middle = box.Centre().y;
+  std::vector<std::string> done;
+  for (const auto& [spot, strain] : ends) {
+    const std::string text = NumberText(strain * factor, 3);
+    const Spot size{canvas.TextWidth(text, kValueStyle) + 0.4, 2.0};
+    const auto place = placer.Place(spot, 0.6, size, {0.0, spot.y < middle ? -1.0 : 1.0});
+    if (!place) continue;
+    canvas.FillRectangle(*place, kWhite);
+    canvas.Text({place->left + 0.2, place->bottom - 0.2}, text, kValueStyle);
+  }
+}
+
+void ProfileDrawing::DrawBlock(Canvas& canvas, const Panel& panel, const std::vector<Spot>& curve,
+                               double hatchAngle) const {
+  if (curve.empty()) return;
+  Ring ring = {{panel.zero, curve.front().y}};
+  ring.insert(ring.end(), curve.begin(), curve.end());
+  ring.push_back({panel.zero, curve.back().y});
+  const std::vector<Ring> rings = {ring};
+  canvas.Lines(HatchLines(rings, hatchAngle, hatchAngle == 0.0 ? 2.5 : kHatchSpacing), kHatchPen);
+  canvas.Polyline(ring, kCurvePen);
+}
+
+std::vector<Spot> ProfileDrawing::StressCurve(const ComponentView& component,
+                                              const Panel& panel) const {
+  const auto [first, last] = RangeOf(component);
+  std::vector<double> strains;
+  const double from = StrainAt(component, first);
+  const double to = StrainAt(component, last);
+  constexpr int kSteps = 64;
+  for (int i = 0; i <= kSteps; ++i) strains.push_back(from + (to - from) * i / kSteps);
+  // Both sides of where the curve changes its form, so that steps are drawn upright.
+  constexpr double kBeside = 1e-9;
+  for (const auto& segment : component.curve.Segments()) {
+    for (const double at : {-segment.from - kBeside, -segment.from + kBeside}) {
+      if ((at - from) * (at - to) < 0.0) strains.push_back(at);
+    }
+  }
+  std::sort(strains.begin(), strains.end());
+  if (to < from) std::reverse(strains.begin(), strains.end());
+  std::vector<Spot> curve;
+  for (const double strain : strains) {
+    const double part =
+        to == from ? static_cast<double>(curve.size()) / kSteps : (strain - from) / (to - from);
+    curve.push_back({panel.X(StressStrainCalculator::Stress(component.curve, strain)),
+                     Y(first + part * (last - first))});
+  }
+  return curve;
+}
+
+void ProfileDrawing::DrawConcrete(Canvas& canvas, const Box& box) const {
+  const double factor = units_.Conversion(Dimension::stress);
+  const Extremes& extremes = view_.state->concrete;
+  Panel panel =
+      PanelOf(box, extremes ? extremes->minStress : 0.0, extremes ? extremes->maxStress : 0.0);
+  // A rounding of the solver is no stress to fill a panel with.
+  if (extremes && std::max(-extremes->minStress, extremes->maxStress) < 1.0) panel.scale = 0.0;
+  DrawPanel(canvas, panel, "Concrete [" + UnitTextOf(Dimension::stress, units_) + "]", factor);
+  if (panel.scale == 0.0) return;
+  LabelPlacer placer({box.left - 2.0, box.top - 4.0, box.right + 4.0, box.bottom + 5.0});
+  std::vector<std::pair<Spot, std::string>> labels;
+  double angle = 45.0;
+  for (const ComponentView& component : view_.components) {
+    if (!component.isIncluded || component.type != MatType::concrete || component.polygons.empty())
+      continue;
+    std::vector<Spot> curve;
+    if (IsAlong(component)) {
+      curve = StressCurve(component, panel);
+      DrawBlock(canvas, panel, curve, angle);
+      placer.Block(std::vector<Ring>{curve});
+    } else {
+      for (const auto& polygon : component.polygons) {
+        for (const Vec2<double>& p : polygon.outline) {
+          const double stress =
+              StressStrainCalculator::Stress(component.curve, component.plane.StrainAt(p));
+          curve.push_back({panel.X(stress), Y(DistanceOf(p))});
+          canvas.FillCircle(curve.back(), 0.4, kBlack);
+        }
+      }
+    }
+    angle = 180.0 - angle;
+    const auto [least, most] = std::minmax_element(
+        curve.begin(), curve.end(), [](const Spot& a, const Spot& b) { return a.x < b.x; });
+    for (const auto& extreme : {least, most}) {
+      const double stress = (extreme->x - panel.zero) / panel.scale;
+      if (std::abs(extreme->x - panel.zero) < 0.3) continue;
+      labels.emplace_back(*extreme, NumberText(stress * factor, 3));
+    }
+  }
+  const double middle = box.Centre().y;
+  for (const auto& [spot, text] : labels) {
+    const Spot size{canvas.TextWidth(text, kValueStyle) + 0.4, 2.0};
+    const auto place = placer.Place(spot, 0.6, size, {0.0, spot.y < middle ? -1.0 : 1.0});
+    if (!place) continue;
+    canvas.FillRectangle(*place, kWhite);
+    canvas.Text({place->left + 0.2, place->bottom - 0.2}, text, kValueStyle);
+  }
+}
+
+void ProfileDrawing::DrawSteel(Canvas& canvas, const Box& box) const {
+  const double factor = units_.Conversion(Dimension::stress);
+  std::pair<double, double> range{0.0, 0.0};
+  for (const Extremes& extremes : {view_.state->bars, view_.state->others}) {
+    if (!extremes) continue;
+    Widen(range, extremes->minStress);
+    Widen(range, extremes->maxStress);
+  }
+  const Panel panel = PanelOf(box, range.first, range.second);
+  DrawPanel(canvas, panel, "Bars and steel [" + UnitTextOf(Dimension::stress, units_) + "]",
+            factor);
+  if (panel.scale == 0.0) return;
+  for (const ComponentView& component : view_.components) {
+    if (!component.isIncluded || component.type == MatType::concrete ||
+        component.polygons.empty() || !IsAlong(component))
+      continue;
+    DrawBlock(canvas, panel, StressCurve(component, panel), 90.0);
+  }
+  for (const ComponentView& component : view_.components) {
+    for (const BarView& bar : component.bars) {
+      if (!std::isfinite(bar.stress)) continue;
+      const Spot end{panel.X(bar.stress), Y(DistanceOf(bar.position))};
+      canvas.Line({panel.zero, end.y}, end, {0.2});
+      DrawBar(canvas, end, 0.55, bar.stress <= 0.0, false);
+    }
+  }
+  DrawBarTable(canvas, panel, {box.right + 1.0, box.top, box_.right - 2.0, box.bottom});
+}
+
+std::vector<ProfileDrawing::BarGroup> ProfileDrawing::GroupsOf() const {
+  std::vector<std::pair<double, const BarView*>> bars;
+  double largest = 0.0;
+  for (const ComponentView& component : view_.components) {
+    for (const BarView& bar : component.bars) {
+      if (!std::isfinite(bar.stress)) continue;
+      bars.emplace_back(DistanceOf(bar.position), &bar);
+      largest = std::max(largest, std::abs(bar.stress));
+    }
+  }
+  std::stable_sort(bars.begin(), bars.end(),
+                   [](const auto& a, const auto& b) { return a.first > b.first; });
+  std::vector<BarGroup> groups;
+  for (const auto& [distance, bar] : bars) {
+    const auto isAlike = [&, d = distance, b = bar](const BarGroup& group) {
+      return std::abs(group.distance - d) * scale_ < 0.2 &&
+             std::abs(group.stress - b->stress) <= 2e-3 * largest;
+    };
+    auto group = std::find_if(groups.rbegin(), groups.rend(), isAlike);
+    if (group == groups.rend()) {
+      groups.push_back({distance, bar->stress, 0.0, {}});
+      group = groups.rbegin();
+    }
+    group->force += bar->force;
+    group->numbers.push_back(bar->number);
+  }
+  return groups;
+}
+
+void ProfileDrawing::DrawBarTable(Canvas& canvas, const Panel& panel, const Box& box) const {
+  constexpr double kPitch = 2.7;
+  const TextStyle style{1.9};
+  const TextStyle right{1.9, Align::right};
+  std::vector<BarGroup> groups = GroupsOf();
+  if (groups.empty()) return;
+  // Levels beyond the room for them: as many as fit, evenly, with the largest and least stress.
+  const double top = box_.top + kHeading + 5.0;
+  const double bottom = box_.bottom - 4.0;
+  const auto most = static_cast<std::size_t>((bottom - top) / kPitch);
+  const bool isThinned = groups.size() > most;
+  if (isThinned) {
+    const auto less = [](const BarGroup& a, const BarGroup& b) { return a.stress < b.stress; };
+    const auto least = std::min_element(groups.begin(), groups.end(), less) - groups.begin();
+    const auto largest = std::max_element(groups.begin(), groups.end(), less) - groups.begin();
+    std::vector<BarGroup> kept;
+    const std::size_t count = most - 3;
+    std::size_t next = 0;
+    for (std::size_t i = 0; i < groups.size(); ++i) {
+      const bool isNext = i == next * (groups.size() - 1) / (count - 1);
+      if (isNext) ++next;
+      if (isNext || std::cmp_equal(i, least) || std::cmp_equal(i, largest))
+        kept.push_back(groups[i]);
+    }
+    groups = std::move(kept);
+  }
+  const double forces = box.right;
+  const double stresses = forces - 9.5;
+  const double numbers = box.left + 2.0;
+  canvas.Text({numbers, box_.top + kHeading + 0.5}, "bar", {1.9, Align::left, true});
+  canvas.Text({stresses, box_.top + kHeading + 0.5}, "σ", {1.9, Align::right, true});
+  canvas.Text({forces, box_.top + kHeading + 0.5},
+              "F [" + UnitTextOf(Dimension::force, units_) + "]", {1.9, Align::right, true});
+  std::vector<double> wanted;
+  for (const BarGroup& group : groups) wanted.push_back(Y(group.distance));
+  const std::vector<double> levels =
+      SpreadLabels(wanted, kPitch, top, bottom - (isThinned ? kPitch : 0.0));
+  for (std::size_t i = 0; i < groups.size(); ++i) {
+    const BarGroup& group = groups[i];
+    const double y = levels[i];
+    const Spot dot{std::max(panel.X(group.stress), panel.zero) + 0.7, wanted[i]};
+    canvas.Line(dot, {panel.box.right, wanted[i]}, {0.08, 0.5});
+    canvas.Line({panel.box.right, wanted[i]}, {numbers - 0.4, y}, {0.08, 0.5});
+    const std::string stress = NumberText(group.stress * units_.Conversion(Dimension::stress), 3);
+    const std::string force = NumberText(group.force * units_.Conversion(Dimension::force), 3);
+    const double room = stresses - canvas.TextWidth(stress, style) - 0.8 - numbers;
+    std::string names = Joined(group.numbers);
+    if (canvas.TextWidth(names, style) > room) {
+      names = canvas.Fitted(std::to_string(group.numbers.size()) + " bars", room, style);
+    }
+    canvas.Text({numbers, y + 0.7}, names, style);
+    canvas.Text({stresses, y + 0.7}, stress, right);
+    canvas.Text({forces, y + 0.7}, force, right);
+  }
+  if (isThinned) {
+    canvas.Text({forces, bottom + 1.5}, "some levels left out", right);
+  }
+}
+
+}  // namespace Orlix::Plot

@@ -1,0 +1,348 @@
+#include "plot/SectionView.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <iterator>
+#include <limits>
+#include <numbers>
+#include <stdexcept>
+#include <utility>
+
+#include "model/oxdata/section/component_overlay.h"
+#include "model/oxnumeric/centroidal_properties.h"
+#include "model/oxutil/text.h"
+#include "model/vldata/response/TaskGeometry.h"
+#include "plot/drawing_text.h"
+#include "results/NeutralAxisCalculator.h"
+#include "results/StressStrainCalculator.h"
+
+namespace Orlix::Plot {
+
+using Data::CSecComp;
+using Data::CVelmoData;
+using Data::Velmo9::AnalysisTask;
+using Data::Velmo9::CaseSLSDetails;
+using Data::Velmo9::CaseULSDetails;
+using Data::Velmo9::Deformation;
+using Data::Velmo9::DetailedIntegrationResult;
+using Data::Velmo9::SlsResultKind;
+using Data::Velmo9::StressStrain;
+using Data::Velmo9::VelmoSection;
+
+namespace {
+
+constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
+
+// "A" to "Z", then "A2" and so on.
+std::string TagOf(std::size_t component) {
+  constexpr std::size_t kLetters = 26;
+  std::string tag(1, static_cast<char>('A' + component % kLetters));
+  if (component >= kLetters) tag += std::to_string(component / kLetters + 1);
+  return tag;
+}
+
+std::string MaterialText(const CVelmoData& document, const CSecComp& component) {
+  const auto materials = document.getMaterials();
+  const MatType type = component.MaterialType();
+  if (type == MatType::none) return "no material";
+  const std::string name = type == MatType::concrete ? "concrete"
+                           : type == MatType::steel  ? "steel"
+                                                     : "FRP";
+  if (!materials->IsValidGrade(type, component.MaterialGrade())) return name;
+  return name + " " + to_string(materials->Grade(type, component.MaterialGrade()).Name());
+}
+
+std::vector<BarView> BarsOf(const CSecComp& component, const std::string& before) {
+  std::vector<BarView> bars;
+  if (!component.ConcreteExist()) return bars;
+  for (const Data::CBar& bar : component.Concrete().Bars()) {
+    const double radius =
+        bar.Diameter() > 0.0 ? bar.Diameter() / 2.0 : std::sqrt(bar.Area() / std::numbers::pi);
+    bars.push_back({bar.Position(), radius, before + std::to_string(bars.size() + 1),
+                    bar.GetPreload().value != 0.0, kNone, kNone, kNone});
+  }
+  return bars;
+}
+
+// The outlines as they are given, as far as their vertices are numbers to draw.
+std::vector<Numeric::OwnedPolygon> DrawableOutlines(const CSecComp& component) {
+  std::vector<Numeric::OwnedPolygon> outlines;
+  for (Data::SectionPolygon& polygon : component.Geometry().Polygons(0.0)) {
+    const auto isDrawable = [](const std::vector<Vec2<double>>& ring) {
+      return std::all_of(ring.begin(), ring.end(), [](Vec2<double> p) {
+        return std::hypot(p.x, p.y) <= Data::kFurthestCoordinate;  // false for NaN
+      });
+    };
+    if (isDrawable(polygon.outline) &&
+        std::all_of(polygon.holes.begin(), polygon.holes.end(), isDrawable)) {
+      outlines.push_back({std::move(polygon.outline), std::move(polygon.holes)});
+    }
+  }
+  return outlines;
+}
+
+// The components with the outlines that are drawn of each.
+std::vector<ComponentView> ComponentsOf(const CVelmoData& document, const VelmoSection& section,
+                                        const AnalysisTask* task) {
+  const auto& components = section.Components();
+  const auto withBars = std::count_if(components.begin(), components.end(), [](const auto& c) {
+    return c.ConcreteExist() && !c.Concrete().Bars().empty();
+  });
+  std::vector<ComponentView> views;
+  std::vector<Data::ComponentOutlines> given;
+  for (const CSecComp& component : components) {
+    const std::size_t i = views.size();
+    given.push_back(Data::GivenOutlines(component));
+    ComponentView& view = views.emplace_back();
+    view.tag = TagOf(i);
+    view.name = to_string(component.Name());
+    view.material = MaterialText(document, component);
+    view.type = component.MaterialType();
+    view.isIncluded =
+        !given.back().empty() && (!task || task->IncludesComponent(static_cast<int>(i)));
+    if (!view.isIncluded) given.back().clear();
+    view.bars = BarsOf(component, withBars > 1 ? std::to_string(i + 1) + "." : "");
+  }
+  std::vector<Data::ComponentOutlines> left = Data::Overlaid(given);
+  for (std::size_t i = 0; i < views.size(); ++i) {
+    views[i].polygons = views[i].isIncluded ? std::move(left[i]) : DrawableOutlines(components[i]);
+  }
+  return views;
+}
+
+Vec2<double> ConcreteCentroid(const VelmoSection& section) {
+  std::vector<Data::ComponentOutlines> concretes;
+  for (const CSecComp& component : section.Components()) {
+    if (component.ConcreteExist()) concretes.push_back(Data::GivenOutlines(component));
+  }
+  Numeric::AreaMoments sum;
+  for (const Data::ComponentOutlines& left : Data::Overlaid(concretes)) {
+    sum += Data::OutlineMoments(left);
+  }
+  return Numeric::CentroidalPropertiesOf(sum).centroid;
+}
+
+void Widen(Extremes& extremes, double strain, double stress) {
+  if (!extremes) {
+    extremes = StressStrain{stress, stress, strain, strain};
+    return;
+  }
+  extremes->maxStress = std::max(extremes->maxStress, stress);
+  extremes->minStress = std::min(extremes->minStress, stress);
+  extremes->maxStrain = std::max(extremes->maxStrain, strain);
+  extremes->minStrain = std::min(extremes->minStrain, strain);
+}
+
+const char* NameOf(SectionState state) {
+  switch (state) {
+    case SectionState::atFailure:
+      return "at the failure load";
+    case SectionState::uncracked:
+      return "uncracked state";
+    case SectionState::cracked:
+      return "cracked state";
+    case SectionState::interpolated:
+      return "interpolated between the uncracked and the cracked state";
+    default:
+      return "under the load of the case";
+  }
+}
+
+/// Puts strains and stresses of a case into a view.
+class StateFiller {
+ public:
+  StateFiller(const CVelmoData& document, const VelmoSection& section, const AnalysisTask& task,
+              SectionView& view)
+      : document_(document), section_(section), task_(task), view_(view) {}
+
+  /// @return why there is no such state, in words; empty: it is there
+  std::string Fill(SectionState state, int iCase) {
+    state_.state = state;
+    state_.name = NameOf(state);
+    state_.isStaged = task_.PreloadFrom().has_value();
+    const std::string problem = IsUltimate(state) ? FillUls(iCase) : FillSls(iCase);
+    if (problem.empty()) {
+      state_.axis = NeutralAxisCalculator::ComputeNeutralAxisData(state_.plane);
+      view_.state = std::move(state_);
+    }
+    return problem;
+  }
+
+ private:
+  std::string FillUls(int iCase) {
+    const Data::Velmo9::UlSResult result = task_.ULSResult(iCase, true);
+    const bool atFailure = state_.state == SectionState::atFailure;
+    if (!atFailure && result.IsFail()) {
+      return "The section does not carry the case: there are no strains and stresses under it.";
+    }
+    if (atFailure && result.DeformationAtFailure().Vector() == Vec3<double>{}) {
+      return "The case has no failure load in the direction of its load.";
+    }
+    if (!atFailure && task_.Action() != LoadAction::load) state_.name = "under the imposed plane";
+    state_.plane = atFailure ? result.DeformationAtFailure() : result.Deformation();
+    const auto components = std::make_shared<const DetailedIntegrationResult::ComponentMap>(
+        result.Response().Components());
+    CaseULSDetails samples;
+    StressStrainCalculator(document_).AddUlsPointResults(
+        section_, samples, DetailedIntegrationResult(state_.plane, result.Load(), components),
+        task_);
+    TakeComponents(*components);
+    state_.hasStresses = true;
+    TakeSamples(samples.pointResults, samples.barResults,
+                [](const auto& sample) { return std::pair(sample.strain, sample.stress); });
+    return "";
+  }
+
+  std::string FillSls(int iCase) {
+    const CaseSLSDetails& record = view_.sls;
+    if (record.resultKind == SlsResultKind::noSolution) {
+      return "The case has no solution in service: no state is in equilibrium with it.";
+    }
+    if (record.resultKind == SlsResultKind::notCalculated) {
+      return "Nothing is applied in the case: there are no strains and stresses.";
+    }
+    const bool hasCracked = record.stressStrainSummary.cracked.has_value();
+    if ((state_.state == SectionState::cracked && !hasCracked) ||
+        (state_.state == SectionState::interpolated && !std::isfinite(record.zeta))) {
+      throw std::invalid_argument(
+          state_.state == SectionState::cracked
+              ? "the concrete of the task has no cracked state of its own: ask for its one state, "
+                "uncracked"
+              : "the concrete of the task has no interpolated state; ask for uncracked or cracked");
+    }
+    if (!hasCracked) {
+      state_.name = record.cracked ? "section cracked; the one state of its material curves"
+                                   : "section uncracked";
+    }
+    const Data::Velmo9::SLSResult result = task_.SLSResult(iCase, false, hasCracked, true);
+    const bool isUncracked = state_.state == SectionState::uncracked;
+    const DetailedIntegrationResult& response =
+        isUncracked ? result.Response().uncracked : result.Response().cracked;
+    if (state_.state == SectionState::interpolated) {
+      TakeInterpolated(record, result.Response());
+      return "";
+    }
+    state_.plane = response.Deformation();
+    TakeComponents(response.Components());
+    state_.hasStresses = true;
+    TakeSamples(record.pointResults, record.barResults, [isUncracked](const auto& sample) {
+      return isUncracked ? std::pair(sample.strainUncracked, sample.stressUncracked)
+                         : std::pair(sample.strainCracked, sample.stressCracked);
+    });
+    return "";
+  }
+
+  // Mean strains; those that are locked in lie between both states as the plane does.
+  void TakeInterpolated(const CaseSLSDetails& record, const Data::Velmo9::SlsResponse& response) {
+    const double zeta = record.zeta;
+    state_.plane = record.interpolatedDeformation;
+    TakeComponents(response.cracked.Components());
+    for (const auto& [index, uncracked] : response.uncracked.Components()) {
+      ComponentView& view = view_.components.at(static_cast<std::size_t>(index));
+      const Vec3<double> lockedIn = view.plane.Vector() - state_.plane.Vector();
+      view.plane = Deformation(state_.plane.Vector() + zeta * lockedIn +
+                               (1.0 - zeta) * uncracked.lockedIn.Vector());
+    }
+    TakeSamples(record.pointResults, record.barResults, [zeta](const auto& sample) {
+      return std::pair(zeta * sample.strainCracked + (1.0 - zeta) * sample.strainUncracked, kNone);
+    });
+  }
+
+  void TakeComponents(const DetailedIntegrationResult::ComponentMap& details) {
+    for (const auto& [index, detail] : details) {
+      ComponentView& view = view_.components.at(static_cast<std::size_t>(index));
+      view.plane = Deformation(state_.plane.Vector() + detail.lockedIn.Vector());
+      view.curve = detail.curve;
+    }
+  }
+
+  template <class Points, class Bars, class Of>
+  void TakeSamples(const Points& points, const Bars& bars, Of of) {
+    for (const auto& [index, samples] : points) {
+      const bool isConcrete =
+          view_.components.at(static_cast<std::size_t>(index)).type == MatType::concrete;
+      for (const auto& sample : samples) {
+        const auto [strain, stress] = of(sample);
+        Widen(isConcrete ? state_.concrete : state_.others, strain, stress);
+      }
+    }
+    for (const auto& [index, samples] : bars) {
+      ComponentView& view = view_.components.at(static_cast<std::size_t>(index));
+      for (const auto& sample : samples) {
+        const auto [strain, stress] = of(sample);
+        if (!std::isfinite(strain)) continue;
+        BarView& bar = view.bars.at(static_cast<std::size_t>(sample.number));
+        bar.strain = strain;
+        bar.stress = stress;
+        bar.force = stress * AreaOf(index, sample.number);
+        Widen(state_.bars, strain, stress);
+      }
+    }
+  }
+
+  double AreaOf(int component, int bar) const {
+    return section_.Components()
+        .at(static_cast<std::size_t>(component))
+        .Concrete()
+        .Bars()
+        .at(static_cast<std::size_t>(bar))
+        .Area();
+  }
+
+  const CVelmoData& document_;
+  const VelmoSection& section_;
+  const AnalysisTask& task_;
+  SectionView& view_;
+  StateView state_;
+};
+
+// The state that is drawn, by the one asked for.
+SectionState Shown(SectionState asked, const AnalysisTask& task, const CaseSLSDetails& sls) {
+  if (asked == SectionState::reported) {
+    if (task.ComputesULS()) return SectionState::underLoad;
+    return sls.cracked && sls.stressStrainSummary.cracked ? SectionState::cracked
+                                                          : SectionState::uncracked;
+  }
+  if (IsUltimate(asked) ? !task.ComputesULS() : !task.ComputesSLS()) {
+    throw std::invalid_argument(std::string("the task does not compute the ") +
+                                (IsUltimate(asked) ? "ultimate" : "serviceability") +
+                                " limit state, which has the state asked for");
+  }
+  return asked;
+}
+
+}  // namespace
+
+bool IsUltimate(SectionState state) {
+  return state == SectionState::underLoad || state == SectionState::atFailure;
+}
+
+SectionView ViewOf(const VelmoApp& app, int iSec, const std::optional<PictureCase>& ofCase) {
+  const CVelmoData& document = *app.pData();
+  const VelmoSection& section = document.Section(iSec);
+  const AnalysisTask* task = ofCase ? &section.Task(ofCase->iTask) : nullptr;
+  SectionView view;
+  view.components = ComponentsOf(document, section, task);
+  view.centroid = ConcreteCentroid(section);
+  if (std::all_of(view.components.begin(), view.components.end(),
+                  [](const ComponentView& c) { return c.polygons.empty(); })) {
+    throw std::invalid_argument("the section has no outline that could be drawn");
+  }
+  if (!ofCase) return view;
+  if (ofCase->iCase < 0 || ofCase->iCase >= task->NumCases()) {
+    throw std::out_of_range("no such case");
+  }
+  if (!task->ComputesULS() && !task->ComputesSLS()) {
+    throw std::invalid_argument("the task computes no limit state: its cases have no results");
+  }
+  view.uls = app.CaseULSDetails(iSec, ofCase->iTask, ofCase->iCase,
+                                Data::Velmo9::UlsOutputOptions(true), false);
+  view.sls = app.CaseSLSDetails(iSec, ofCase->iTask, ofCase->iCase,
+                                Data::Velmo9::SlsOutputOptions(true), true);
+  const SectionState state = Shown(ofCase->state, *task, view.sls);
+  view.problem = StateFiller(document, section, *task, view).Fill(state, ofCase->iCase);
+  return view;
+}
+
+}  // namespace Orlix::Plot
