@@ -10,6 +10,7 @@
 #include "model/oxutil/ForEachCase.h"
 #include "model/vldata/response/SectionCompiler.h"
 #include "model/vldata/response/results_stamp.h"
+#include "model/vlsol/cracks.h"
 #include "model/vlsol/sls.h"
 #include "model/vlsol/strength_reduction.h"
 #include "model/vlsol/uls.h"
@@ -67,9 +68,12 @@ Outcome SolveSls(const Data::CVelmoData& document, const VelmoSection& section, 
   const AnalysisTask& task = section.Task(iTask);
   results.uncrackedComponents = model->uncracked->components;
   results.crackedComponents = model->cracked->components;
+  const auto cracks = CrackModel::Of(document, section, iTask, *results.crackedComponents);
   const bool isLoad = task.Action() == LoadAction::load;
   return SolveCases(task, results.sls, progress, [&](const Vec3<double>& input) {
-    return isLoad ? SolveSlsLoad(*model, input) : SolveSlsDeformation(*model, input);
+    auto solution = isLoad ? SolveSlsLoad(*model, input) : SolveSlsDeformation(*model, input);
+    if (cracks != nullptr) solution.crackWidth = cracks->LargestWidth(solution);
+    return solution;
   });
 }
 

@@ -85,13 +85,12 @@ double DistanceTo(const CrackFace& face, Vec2<double> p) {
   return distance;
 }
 
-CrackBar BarOf(const Data::CVelmoData& document, const CBar& bar, bool addedLater) {
+CrackBar BarOf(const Data::CVelmoData& document, const CBar& bar) {
   const auto& steel = document.ReinforcementMaterial(bar.Grade()).Properties();
   const double diameter =
       bar.Diameter() > 0.0 ? bar.Diameter() : 2.0 * std::sqrt(bar.Area() / std::numbers::pi);
   return {bar.Position(), bar.Area(),          diameter,
-          steel.E,        steel.f_k / steel.E, bar.GetPreload().value != 0.0,
-          addedLater};
+          steel.E,        steel.f_k / steel.E, bar.GetPreload().value != 0.0};
 }
 
 bool CarriesTension(const Data::Design::CMatCurveParam& curve) {
@@ -123,10 +122,13 @@ std::vector<CrackComponent> CrackComponent::Of(
     own.f_ct = concrete.f_ct;
     own.modulus = concrete.E;
     own.carriesTension = CarriesTension(details.curve);
+    own.neverCracks = details.curve.Kind(LoadSign::tension) == Data::Design::CurveKind::linear &&
+                      !(details.cracking && details.cracking->bs8110);
     own.lockedIn = details.lockedIn;
     const auto preload = section.Task(iTask).PreloadOf(index);
+    if (preload && !preload->barsExcluded) own.lockedIntoBars = details.LockedIntoBars();
     for (const CBar& bar : component.Concrete().Bars()) {
-      own.bars.push_back(BarOf(document, bar, preload && preload->barsExcluded));
+      own.bars.push_back(BarOf(document, bar));
       for (CrackFace& face : own.faces) {
         const CrackBar& last = own.bars.back();
         face.covers.push_back(DistanceTo(face, last.position) - last.diameter / 2);

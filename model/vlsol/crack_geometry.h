@@ -31,7 +31,6 @@ struct CrackBar {
   double modulus{};      ///< [Pa]
   double yieldStrain{};  ///< f_yk / E
   bool isPrestressed{};  ///< counts as a pretensioned strand
-  bool addedLater{};     ///< takes no strain that is locked into its component
 };
 
 /// A concrete component as crack widths see it.
@@ -43,7 +42,9 @@ struct CrackComponent {
   double f_ct{};                 ///< mean tensile strength [Pa]
   double modulus{};              ///< short-term modulus E_cm [Pa]
   bool carriesTension{};         ///< between cracks: the model's plane includes the stiffening
+  bool neverCracks{};            ///< linear in tension at any strain: no plane is that of cracks
   Data::Velmo9::Deformation lockedIn;
+  Data::Velmo9::Deformation lockedIntoBars;
 
   /// The concrete components that a task includes.
   /// @param cracked  details of the cracked state

@@ -9,7 +9,9 @@ namespace Orlix::VlSol {
 using Data::Velmo9::Deformation;
 
 CrackState::CrackState(const CrackComponent& component, const Deformation& plane)
-    : component_(component), plane_(plane), total_(plane.Vector() + component.lockedIn.Vector()) {
+    : component_(component),
+      total_(plane.Vector() + component.lockedIn.Vector()),
+      ofBars_(plane.Vector() + component.lockedIntoBars.Vector()) {
   const Vec3<double> v = total_.Vector();
   const Vec2<double> slope{-v.z, v.y};
   const double kappa = Length(slope);
@@ -18,7 +20,10 @@ CrackState::CrackState(const CrackComponent& component, const Deformation& plane
   for (const Data::SectionPolygon& polygon : component.polygons) {
     for (const Vec2<double>& p : polygon.outline) {
       const double strain = StrainAt(p);
-      largest_ = std::max(largest_, strain);
+      if (strain > largest_) {
+        largest_ = strain;
+        place_ = p;
+      }
       least = std::min(least, strain);
     }
   }
@@ -32,9 +37,7 @@ CrackState::CrackState(const CrackComponent& component, const Deformation& plane
   depth_ = extent.high - extent.low;
 }
 
-double CrackState::StrainOf(const CrackBar& bar) const {
-  return (bar.addedLater ? plane_ : total_).StrainAt(bar.position);
-}
+double CrackState::StrainOf(const CrackBar& bar) const { return ofBars_.StrainAt(bar.position); }
 
 double CrackState::PullOf(const CrackBar& bar) const {
   return bar.area * std::max(StrainOf(bar), 0.0);

@@ -17,7 +17,8 @@ class CrackState {
   double StrainOf(const CrackBar& bar) const;
 
   bool IsInTension() const { return largest_ > 0.0; }
-  double LargestStrain() const { return largest_; }  ///< e_1, of the outline
+  double LargestStrain() const { return largest_; }     ///< e_1, of the outline
+  Vec2<double> MostStrained() const { return place_; }  ///< vertex where that is
   /// Unit vector towards growing strain; that of the z axis for uniform strain.
   Vec2<double> Gradient() const { return gradient_; }
   /// 0: some of the section is in compression, 1: the strain is uniform; e_2/e_1 between.
@@ -29,10 +30,11 @@ class CrackState {
 
  private:
   const CrackComponent& component_;
-  Data::Velmo9::Deformation plane_;
-  Data::Velmo9::Deformation total_;
+  Data::Velmo9::Deformation total_;   // of the concrete
+  Data::Velmo9::Deformation ofBars_;  // prestrain left out
   Vec2<double> gradient_{0.0, 1.0};
   double largest_{};
+  Vec2<double> place_;
   double uniformity_{};
   double tensionDepth_{};
   double depth_{};

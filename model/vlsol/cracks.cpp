@@ -52,8 +52,10 @@ class Collection : public CrackSink {
     }
   }
   std::vector<CCrack> Sorted() && {
-    std::stable_sort(cracks_.begin(), cracks_.end(),
-                     [](const CCrack& a, const CCrack& b) { return a.width > b.width; });
+    // Faces with the same bars have the same width but for round-off.
+    std::stable_sort(cracks_.begin(), cracks_.end(), [](const CCrack& a, const CCrack& b) {
+      return static_cast<float>(a.width) > static_cast<float>(b.width);
+    });
     return std::move(cracks_);
   }
 
@@ -61,9 +63,11 @@ class Collection : public CrackSink {
   std::vector<CCrack> cracks_;
 };
 
-bool IsCracked(const SlsCaseSolution& solution) {
-  return solution.solved && solution.crackingUtilisation > 1.0;
+bool HasPlane(const SlsCaseSolution& solution) {
+  return solution.solved && IsFinite(solution.crackPlane);
 }
+
+bool IsCracked(const SlsCaseSolution& solution) { return solution.crackingUtilisation > 1.0; }
 
 }  // namespace
 
@@ -81,39 +85,52 @@ std::shared_ptr<const CrackModel> CrackModel::Of(
                                             section.Task(iTask).Creep().LongShare());
 }
 
+void CrackModel::Find(const CrackComponent& component, const SlsCaseSolution& solution,
+                      CrackSink& sink) const {
+  const CrackState state(component, Data::Velmo9::Deformation(solution.crackPlane));
+  if (!state.IsInTension()) return;
+  if (component.neverCracks) {
+    CCrack crack;
+    crack.position = state.MostStrained();
+    crack.remark = Data::Velmo9::CrackRemark::noCrackedState;
+    sink.Add(crack);
+  } else {
+    std::visit(Finder{state, longShare_, sink}, rule_);
+  }
+}
+
 double CrackModel::LargestWidth(const SlsCaseSolution& solution) const {
-  if (!solution.solved) return std::numeric_limits<double>::infinity();
-  if (!IsCracked(solution)) return 0.0;
+  if (!HasPlane(solution)) return std::numeric_limits<double>::infinity();
   Widest widest;
-  for (const CrackComponent& component : components_) {
-    const CrackState state(component, Data::Velmo9::Deformation(solution.cracked));
-    if (state.IsInTension()) std::visit(Finder{state, longShare_, widest}, rule_);
+  if (IsCracked(solution)) {
+    for (const CrackComponent& component : components_) Find(component, solution, widest);
   }
   return widest.Width();
 }
 
 std::map<int, std::vector<CCrack>> CrackModel::Cracks(const SlsCaseSolution& solution) const {
   std::map<int, std::vector<CCrack>> cracks;
-  if (!IsCracked(solution)) return cracks;
+  if (!HasPlane(solution) || !IsCracked(solution)) return cracks;
   for (const CrackComponent& component : components_) {
     Collection collection;
-    const CrackState state(component, Data::Velmo9::Deformation(solution.cracked));
-    if (state.IsInTension()) std::visit(Finder{state, longShare_, collection}, rule_);
+    Find(component, solution, collection);
     std::vector<CCrack> found = std::move(collection).Sorted();
     if (!found.empty()) cracks.emplace(component.index, std::move(found));
   }
   return cracks;
 }
 
-std::map<int, std::vector<CCrack>> CracksOf(const Data::CVelmoData& document,
-                                            const Data::Velmo9::VelmoSection& section, int iTask,
-                                            int iCase) {
-  const auto& task = section.Task(iTask);
-  const auto& results = task.Results();
-  if (!task.ComputesSLS() || !task.IsCaseAnalysed(iCase) || !results) return {};
-  const auto model = CrackModel::Of(document, section, iTask, *results->crackedComponents);
-  if (model == nullptr) return {};
-  return model->Cracks(results->sls[static_cast<std::size_t>(iCase)]);
+TaskCracks::TaskCracks(const Data::CVelmoData& document, const Data::Velmo9::VelmoSection& section,
+                       int iTask)
+    : task_(section.Task(iTask)) {
+  const auto& results = task_.Results();
+  if (!task_.ComputesSLS() || !results || results->crackedComponents == nullptr) return;
+  model_ = CrackModel::Of(document, section, iTask, *results->crackedComponents);
+}
+
+std::map<int, std::vector<CCrack>> TaskCracks::OfCase(int iCase) const {
+  if (model_ == nullptr || !task_.IsCaseAnalysed(iCase)) return {};
+  return model_->Cracks(task_.Results()->sls[static_cast<std::size_t>(iCase)]);
 }
 
 }  // namespace Orlix::VlSol

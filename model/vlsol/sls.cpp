@@ -50,8 +50,8 @@ double UtilisationAt(const SlsModel& model, const Plane& local) {
                              *model.uncracked->components);
 }
 
-State CrackedUnder(const SlsModel& model, const Resultant& load, const Plane& start) {
-  const CompiledTask& task = *model.cracked;
+State CrackedUnder(const SlsModel& model, const CompiledTask& task, const Resultant& load,
+                   const Plane& start) {
   if (task.bs8110Curves.empty()) return InEquilibrium(task.section, load, &start);
   TensionStiffenedSection stiffened(task, model.steelLevelStress);
   const Plane plane = stiffened.SolveEquilibrium(load, start);
@@ -116,7 +116,7 @@ double PreloadedFactor(const SlsModel& model, const Resultant& load, const State
     return DistributionFactor(utilisation, model.beta);
   }
   const double factor = FirstCrackingFactor(model, unloaded.plane, uncracked.plane);
-  const State first = CrackedUnder(model, factor * load, cracked.plane);
+  const State first = CrackedUnder(model, *model.cracked, factor * load, cracked.plane);
   const auto& point = section.points[bar];
   const double atCracking = Dot(Numeric::Phi(point.position), first.plane) + point.displacedOffset;
   const double ratio = std::clamp(atCracking / strain, 0.0, 1.0);
@@ -129,7 +129,7 @@ SlsCaseSolution Solution(const SlsModel& model, const Vec3<double>& input, const
   SlsCaseSolution solution;
   solution.input = input;
   solution.uncracked = ReportedPlane(section, uncracked.plane);
-  solution.cracked = ReportedPlane(section, cracked.plane);
+  solution.cracked = solution.crackPlane = ReportedPlane(section, cracked.plane);
   solution.uncrackedLoad = section.LoadToOrigin(uncracked.load);
   solution.crackedLoad = section.LoadToOrigin(cracked.load);
   solution.zeta = zeta;
@@ -137,6 +137,35 @@ SlsCaseSolution Solution(const SlsModel& model, const Vec3<double>& input, const
   solution.tensionModulus = cracked.tensionModulus;
   solution.solved = uncracked.isValid && cracked.isValid;
   return solution;
+}
+
+// The plane for crack widths, where it is another than the cracked one.
+void FindCrackPlane(const SlsModel& model, const Resultant& load, const State& cracked,
+                    SlsCaseSolution& solution) {
+  if (model.crackCheck == nullptr || !solution.solved) return;
+  const CompiledTask& task = *model.crackCheck;
+  // The search for the slope of BS 8110 starts at the plane of the full one.
+  const Plane start = task.bs8110Curves.empty()
+                          ? cracked.plane
+                          : Numeric::SolveEquilibrium(task.section, load, &cracked.plane).plane;
+  const State state = CrackedUnder(model, task, load, start);
+  constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
+  solution.crackPlane =
+      state.isValid ? ReportedPlane(task.section, state.plane) : Vec3<double>{kNaN, kNaN, kNaN};
+}
+
+// The cracked state with another modulus than the task's, which creep of this size stands for.
+std::shared_ptr<const CompiledTask> CrackCheckOf(const Data::CVelmoData& document,
+                                                 const Data::Velmo9::VelmoSection& section,
+                                                 int iTask,
+                                                 const Data::Velmo9::TaskGeometry& geometry) {
+  const auto& rule = document.concreteCode().Data().crackWidth;
+  const double share = rule ? Data::Design::ConcreteModulusShare(*rule) : 0.0;
+  if (share <= 0.0 || !section.hasConcreteComponent(iTask)) return nullptr;
+  const double creep = 1.0 / share - 1.0;
+  if (creep == section.Task(iTask).Creep().EffectiveCreep()) return nullptr;
+  return SectionCompiler::Compile(document, section, iTask, SectionState::cracked, geometry,
+                                  {Data::Velmo9::LoadTerm::longTerm, creep, 1.0});
 }
 
 }  // namespace
@@ -161,6 +190,7 @@ std::optional<SlsModel> SlsModel::Of(const Data::CVelmoData& document,
   model.uncracked = compile(SectionState::uncracked);
   model.cracked = model.hasCrackedState ? compile(SectionState::cracked) : model.uncracked;
   if (model.uncracked == nullptr || model.cracked == nullptr) return std::nullopt;
+  model.crackCheck = CrackCheckOf(document, section, iTask, geometry);
   model.beta = 1.0 - 0.5 * section.Task(iTask).Creep().LongShare();
   for (const auto& point : model.uncracked->section.points) {
     model.isPreloaded = model.isPreloaded || point.strainOffset != 0.0;
@@ -187,16 +217,20 @@ SlsCaseSolution SolveSlsLoad(const SlsModel& model, const Vec3<double>& load) {
   const State uncracked = InEquilibrium(model.uncracked->section, local, nullptr);
   const double utilisation = UtilisationAt(model, uncracked.plane);
   if (!model.hasCrackedState || utilisation <= 1.0) {
-    return Solution(model, load, uncracked, uncracked, utilisation,
-                    model.interpolates ? 0.0 : kInfinity);
+    SlsCaseSolution solution = Solution(model, load, uncracked, uncracked, utilisation,
+                                        model.interpolates ? 0.0 : kInfinity);
+    if (utilisation > 1.0) FindCrackPlane(model, local, uncracked, solution);
+    return solution;
   }
-  const State cracked = CrackedUnder(model, local, uncracked.plane);
+  const State cracked = CrackedUnder(model, *model.cracked, local, uncracked.plane);
   double zeta = kInfinity;
   if (model.interpolates) {
     zeta = model.isPreloaded ? PreloadedFactor(model, local, uncracked, cracked, utilisation)
                              : DistributionFactor(utilisation, model.beta);
   }
-  return Solution(model, load, uncracked, cracked, utilisation, zeta);
+  SlsCaseSolution solution = Solution(model, load, uncracked, cracked, utilisation, zeta);
+  FindCrackPlane(model, local, cracked, solution);
+  return solution;
 }
 
 SlsCaseSolution SolveSlsDeformation(const SlsModel& model, const Vec3<double>& plane) {
@@ -212,7 +246,7 @@ SlsCaseSolution SolveSlsDeformation(const SlsModel& model, const Vec3<double>& p
   SlsCaseSolution solution =
       Solution(model, plane, uncracked, cracked, utilisation,
                model.interpolates ? DistributionFactor(utilisation, model.beta) : kInfinity);
-  solution.uncracked = solution.cracked = plane;
+  solution.uncracked = solution.cracked = solution.crackPlane = plane;
   return solution;
 }
 

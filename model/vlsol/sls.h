@@ -17,6 +17,9 @@ bool HasServiceModel(const Data::CVelmoData& document, const Data::Velmo9::Velmo
 struct SlsModel {
   std::shared_ptr<const Data::Velmo9::CompiledTask> uncracked;
   std::shared_ptr<const Data::Velmo9::CompiledTask> cracked;
+  /// The cracked state with the concrete's modulus that the code's rule for crack widths asks for;
+  /// null: `cracked` serves.
+  std::shared_ptr<const Data::Velmo9::CompiledTask> crackCheck;
   bool hasCrackedState{};  ///< some concrete has model 20 or 22; otherwise one state serves as both
   bool interpolates{};  ///< some concrete has model 22: the reported plane lies between the states
   double beta{1.0};     ///< of EN 1992-1-1 (7.19), by the load term

@@ -13,6 +13,13 @@ using Data::Design::Bs8110::CrackWidthParameters;
 using Data::Velmo9::CCrack;
 using Data::Velmo9::CrackRemark;
 
+// Part of the stiffening that counts: none where the steel is all but at the neutral axis, its
+// strain below a tenth of the surface's, and all of it from a fifth on. Equation 13 has no answer
+// there, and without this a width would jump where the last bar comes into tension.
+double StiffeningPart(const CrackState& state, double strainAtSteel) {
+  return std::clamp(10.0 * strainAtSteel / state.LargestStrain() - 1.0, 0.0, 1.0);
+}
+
 // Tension steel as equation 13 sees it; no area: nothing stiffens.
 CrackStiffening StiffeningOf(const CrackState& state) {
   CrackStiffening stiffening;
@@ -35,7 +42,8 @@ CrackStiffening StiffeningOf(const CrackState& state) {
   stiffening.steelModulus = stiffness / pull;
   stiffening.strainAtSteel = strain / pull;
   stiffening.steelArea = pull / stiffening.strainAtSteel;
-  stiffening.width = CutAt(state.Component().polygons, state.Gradient(), level / pull).chord;
+  stiffening.width = StiffeningPart(state, stiffening.strainAtSteel) *
+                     CutAt(state.Component().polygons, state.Gradient(), level / pull).chord;
   stiffening.tensionDepth = std::min(state.TensionDepth(), 2.0 * state.Depth());
   return stiffening;
 }

@@ -128,11 +128,12 @@ UlSResult AnalysisTask::ULSResult(int iCase, bool withDetails) const {
           withDetails ? results_->ulsComponents : nullptr};
 }
 
-Velmo9::SLSResult AnalysisTask::SLSResult(int iCase, bool /*withCrackWidth*/, bool withCracked,
+Velmo9::SLSResult AnalysisTask::SLSResult(int iCase, bool withCrackWidth, bool withCracked,
                                           bool withDetails) const {
   if (!computesSls_) return Velmo9::SLSResult::NotAskedFor();
   if (!IsCaseAnalysed(iCase)) return {};
   SlsCaseSolution solution = results_->sls[static_cast<std::size_t>(iCase)];
+  if (!withCrackWidth) solution.crackWidth = SlsCaseSolution().crackWidth;
   if (!withCracked) {
     solution.cracked = solution.uncracked;
     solution.crackedLoad = solution.uncrackedLoad;

@@ -138,7 +138,7 @@ class AnalysisTask : public BaseEntity {
 
   /// The SLS result of a case: failed when the case is not analysed; not failed and zero when the
   /// task does not compute SLS.
-  /// @param withCrackWidth  asks for the crack width; no code computes one yet
+  /// @param withCrackWidth  false: the crack width is left out
   /// @param withCracked     false: the cracked part of the response is a copy of the uncracked one
   /// @param withDetails     false: the responses come without component details
   Velmo9::SLSResult SLSResult(int iCase, bool withCrackWidth, bool withCracked,

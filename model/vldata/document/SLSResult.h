@@ -24,6 +24,11 @@ struct SlsCaseSolution {
   /// BS 8110 model: slope of the concrete's tension in the cracked state [Pa], at most the
   /// concrete's own effective modulus; +infinity: that modulus.
   double tensionModulus{std::numeric_limits<double>::infinity()};
+  /// Plane that crack widths are found from: the cracked one, or one with the modulus that the
+  /// code's rule asks for. NaN: that has no equilibrium.
+  Vec3<double> crackPlane;
+  /// Of the widest crack [m], 0 for a section that is not cracked; +infinity: none is computed.
+  double crackWidth{std::numeric_limits<double>::infinity()};
   bool solved{};  ///< the states that are needed have an equilibrium within the limits
 };
 
@@ -43,8 +48,9 @@ class SLSResult {
   /// Both integrations and the factor between them.
   const SlsResponse& Response() const { return response_; }
   double CrackingUtilisation() const { return solution_.crackingUtilisation; }
-  /// [m]; +infinity: no crack width is computed.
-  double CrackWidth() const { return std::numeric_limits<double>::infinity(); }
+  /// Of the widest crack [m], 0 for a section that is not cracked; +infinity: none is computed, or
+  /// the case failed, or the code's rule does not hold for it.
+  double CrackWidth() const { return solution_.crackWidth; }
 
  private:
   SlsCaseSolution solution_;

@@ -137,9 +137,16 @@ std::shared_ptr<const CompiledTask> SectionCompiler::Compile(const CVelmoData& d
                                                              const VelmoSection& section, int iTask,
                                                              SectionState state,
                                                              const TaskGeometry& geometry) {
+  return Compile(document, section, iTask, state, geometry, section.Task(iTask).Creep());
+}
+
+std::shared_ptr<const CompiledTask> SectionCompiler::Compile(const CVelmoData& document,
+                                                             const VelmoSection& section, int iTask,
+                                                             SectionState state,
+                                                             const TaskGeometry& geometry,
+                                                             const CreepSettings& creep) {
   if (!Problems(document, section, iTask, LoadStateOf(state)).empty()) return nullptr;
   const AnalysisTask& task = section.Task(iTask);
-  const CreepSettings& creep = task.Creep();
   const LockedStage stage = StageBefore(document, section, iTask, state);
   InputBuilder builder(document, state, creep);
   DetailedIntegrationResult::ComponentMap components;

@@ -47,6 +47,12 @@ class SectionCompiler {
                                                      const VelmoSection& section, int iTask,
                                                      SectionState state,
                                                      const TaskGeometry& geometry);
+  /// @param creep  in place of the task's
+  static std::shared_ptr<const CompiledTask> Compile(const CVelmoData& document,
+                                                     const VelmoSection& section, int iTask,
+                                                     SectionState state,
+                                                     const TaskGeometry& geometry,
+                                                     const CreepSettings& creep);
   /// What keeps a task from being compiled, one message line each; empty: nothing.
   static std::vector<std::string> Problems(const CVelmoData& document, const VelmoSection& section,
                                            int iTask, LoadState state);

@@ -40,7 +40,7 @@ CrackModel ModelOf(ServiceBeam& beam, const CrackWidthRule& rule) {
 
 SlsCaseSolution At(const Vec3<double>& plane) {
   SlsCaseSolution solution;
-  solution.cracked = plane;
+  solution.cracked = solution.crackPlane = plane;
   solution.crackingUtilisation = 2.0;
   solution.solved = true;
   return solution;
