@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <map>
 #include <optional>
 #include <string>
 #include <utility>
@@ -11,6 +12,7 @@
 #include "model/oxutil/OrlixString.h"
 #include "model/oxutil/json_fwd.h"
 #include "model/vldata/document/CVelmoData.h"
+#include "model/vldata/records/CCrack.h"
 #include "model/vldata/records/CaseSLSDetails.h"
 #include "model/vldata/records/CaseULSDetails.h"
 #include "model/vldata/records/FileIOAttributes.h"
@@ -20,10 +22,10 @@ namespace Orlix {
 
 struct ClipboardCaseData;
 namespace VlSol {
-struct SolveOptions;
-}
 struct Diagram;
 struct DiagramRequest;
+struct SolveOptions;
+}  // namespace VlSol
 
 /// The one object a front end holds: it owns a document and offers every command on it. Indices of
 /// sections, tasks and cases count from zero, a negative one is out of range; numbers in messages
@@ -186,6 +188,15 @@ class VelmoApp {
   Data::Velmo9::CaseSLSDetails CaseSLSDetails(int iSec, int iTask, int iCase,
                                               const Data::Velmo9::SlsOutputOptions& options,
                                               bool withPoints) const;
+  /// Cracks by component index, the widest of a component first.
+  using CrackResults = std::map<int, std::vector<Data::Velmo9::CCrack>>;
+  /// The cracks of a case.
+  /// @return nothing when there is no such case, it is not solved, has no solution or is not
+  ///         cracked, or when the code computes no crack widths
+  CrackResults GetCrackResults(int iSec, int iTask, int iCase) const;
+  /// The same of many cases, in their order, at a fraction of the cost.
+  std::vector<CrackResults> CompileCrackResults(int iSec, int iTask,
+                                                const std::vector<int>& cases) const;
   /// The results of cases as JSON. Solves the task first when asked to or when a case has no result
   /// that belongs to the model as it is; the results stay in the document.
   /// @param[out] json  becomes an object
@@ -193,17 +204,6 @@ class VelmoApp {
   bool GetCaseResults(int iSec, int iTask, const std::vector<int>& cases, Util::JsonDocument& json,
                       std::string& message, bool solve);
 
-  // Clipboard: the text goes to the desktop's own program, see Orlix::CopyToClipboard; false when
-  // none takes it.
-
-  /// Copies a JSON value as text, four spaces a level.
-  /// @throws std::length_error when `value` is nested deeper than JSON texts may be
-  static bool CopyToClipboard(const Util::JsonValue& value);
-  /// Copies the document as `Save` writes it.
-  bool CopyAll() const;
-  /// Formats a range of a task's case table for a spreadsheet; docs/clipboard.md lists the columns.
-  /// Cases that are not analysed have their inputs only. Nothing is put on the clipboard.
-  /// @param request  range and options, see docs/facade-json.md
   // Diagrams of capacity and of curvature; docs/diagrams.md says what is held and what is named.
 
   /// The diagram of a task. One of failure loads shows the task's own: it is solved first when a
@@ -216,6 +216,17 @@ class VelmoApp {
   /// @param[out] json  becomes an object, empty when the call fails
   bool GetDiagram(const Util::JsonValue& request, Util::JsonDocument& json, std::string& message);
 
+  // Clipboard: the text goes to the desktop's own program, see Orlix::CopyToClipboard; false when
+  // none takes it.
+
+  /// Copies a JSON value as text, four spaces a level.
+  /// @throws std::length_error when `value` is nested deeper than JSON texts may be
+  static bool CopyToClipboard(const Util::JsonValue& value);
+  /// Copies the document as `Save` writes it.
+  bool CopyAll() const;
+  /// Formats a range of a task's case table for a spreadsheet; docs/clipboard.md lists the columns.
+  /// Cases that are not analysed have their inputs only. Nothing is put on the clipboard.
+  /// @param request  range and options, see docs/facade-json.md
   /// @return false when the request is not of that form or there is no such task; then `text` stays
   bool CopyTaskData(const Util::JsonValue& request, std::string& text) const;
 

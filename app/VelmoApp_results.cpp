@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <iterator>
+#include <utility>
 
 #include "app/AppMessages.h"
 #include "app/CaseRecorder.h"
@@ -16,6 +17,7 @@
 #include "model/oxutil/ForEachCase.h"
 #include "model/vldata/response/results_stamp.h"
 #include "model/vlsol/Solver.h"
+#include "model/vlsol/cracks.h"
 
 namespace Orlix {
 
@@ -73,6 +75,24 @@ Data::Velmo9::CaseSLSDetails VelmoApp::CaseSLSDetails(int iSec, int iTask, int i
   return WithCurrentResults(document_, iSec, iTask, [&](const VelmoSection& section) {
     return SlsRecord(document_, section, iSec, iTask, iCase, options, withPoints);
   });
+}
+
+VelmoApp::CrackResults VelmoApp::GetCrackResults(int iSec, int iTask, int iCase) const {
+  return std::move(CompileCrackResults(iSec, iTask, {iCase}).front());
+}
+
+std::vector<VelmoApp::CrackResults> VelmoApp::CompileCrackResults(
+    int iSec, int iTask, const std::vector<int>& cases) const {
+  std::vector<CrackResults> results(cases.size());
+  if (!HasTask(document_, iSec, iTask)) return results;
+  WithCurrentResults(document_, iSec, iTask, [&](const VelmoSection& section) {
+    const VlSol::TaskCracks cracks(document_, section, iTask);
+    ForEachCase(std::ssize(cases), [&](std::ptrdiff_t i) {
+      const auto slot = static_cast<std::size_t>(i);
+      if (HasCase(section.Task(iTask), cases[slot])) results[slot] = cracks.OfCase(cases[slot]);
+    });
+  });
+  return results;
 }
 
 bool VelmoApp::GetCaseResults(int iSec, int iTask, const std::vector<int>& cases,
