@@ -196,6 +196,7 @@ const std::vector<std::string>& CsvBuilder::BuildCaseDetails(int iSec, int iTask
   for (const auto& [isWanted, addTable] : slsTables) {
     if (isWanted) (this->*addTable)(sls);
   }
+  if (options.sls.crackResults) AddSlsCracks(sls, options.sls.crackResultsPerFace);
   return lines_;
 }
 

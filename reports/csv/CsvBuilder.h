@@ -53,6 +53,8 @@ class CsvBuilder {
     std::int32_t index;  ///< within its case, over all components, from zero
     Result result;
   };
+  /// The index counts the cracks, or with the widest of each face alone those, of a case.
+  using CrackResultInformation = ResultInformation<Data::Velmo9::CCrack>;
   using PointULSResultInformation = ResultInformation<Data::Velmo9::PointULSResult>;
   using BarULSResultInformation = ResultInformation<Data::Velmo9::BarULSResult>;
   using PointSLSResultInformation = ResultInformation<Data::Velmo9::PointSLSResult>;
@@ -151,6 +153,16 @@ class CsvBuilder {
   template <class AddFields>
   void AddSlsTable(const std::string& title, std::string_view columns, const SlsList& list,
                    AddFields addFields);
+
+  // Cracks, a row a crack.
+  struct CrackRow {
+    int component;
+    CrackResultInformation info;
+  };
+  /// @param perFace  adds the table of the widest crack of each face
+  void AddSlsCracks(const SlsList& list, bool perFace);
+  void AddCrackTable(const std::string& title, const SlsList& list, bool perFace);
+  void AddCrackLine(const CrackRow& row);
 
   // Both limit states, a row a point or bar.
   void AddUlsProfile(const UlsList& list);

@@ -18,8 +18,8 @@ struct ULSOptions {
   bool responseLoad{};
 };
 
-/// Which serviceability tables a CSV report has. The crack tables have their place behind all
-/// others; no code computes crack widths yet, so their flags add nothing.
+/// Which serviceability tables a CSV report has. The crack tables stand behind all others; that per
+/// face comes with the other alone, neither under a code without crack widths.
 struct SLSOptions {
   SLSOptions() = default;
   /// @param all  the value of every flag

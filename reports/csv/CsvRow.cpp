@@ -87,6 +87,17 @@ CsvRow& CsvRow::AddStressAndStrain(double stress, double strain) {
 
 CsvRow& CsvRow::AddForce(double force) { return AddCalculated(force * force_); }
 
+CsvRow& CsvRow::AddLength(double length) { return AddCalculated(length * length_); }
+
+CsvRow& CsvRow::AddStrain(double strain) { return AddCalculated(strain * strain_); }
+
+CsvRow& CsvRow::AddNumberFromOne(int index) {
+  if (index >= 0) return AddInteger(index + 1);
+  Separate();
+  line_ += '-';
+  return *this;
+}
+
 CsvRow& CsvRow::AddText(const OrlixString<wchar_t>& text) {
   Separate();
   const std::string narrow = to_string(text);

@@ -43,6 +43,10 @@ class CsvRow {
   CsvRow& AddPosition(Vec2<double> position);
   CsvRow& AddStressAndStrain(double stress, double strain);
   CsvRow& AddForce(double force);
+  CsvRow& AddLength(double length);
+  /// Of a number from zero, from one; "-" for a negative one.
+  CsvRow& AddNumberFromOne(int index);
+  CsvRow& AddStrain(double strain);
   /// In quotes where it has a comma or a quote; control characters become blanks.
   CsvRow& AddText(const OrlixString<wchar_t>& text);
 
