@@ -18,7 +18,7 @@ using Velmo::ULSOptions;
 namespace {
 
 /// What a task must have for a table to say something of it, besides its limit state.
-enum class Needs { nothing, loads, deformations, interpolatedModel };
+enum class Needs { nothing, loads, deformations, interpolatedModel, crackWidths };
 
 struct Output {
   std::string_view name;
@@ -61,6 +61,9 @@ constexpr Output kOutputs[] = {
     {"sls.interpolatedStrainPlane", nullptr, &S::interpolatedStrainPlane, Needs::interpolatedModel,
      "interpolated deformations and zeta"},
     {"sls.stiffness", nullptr, &S::stiffness, Needs::nothing, "secant stiffnesses"},
+    {"sls.crackResults", nullptr, &S::crackResults, Needs::crackWidths, "cracks and their widths"},
+    {"sls.crackResultsPerFace", nullptr, &S::crackResultsPerFace, Needs::crackWidths,
+     "besides, the widest crack of each face"},
 };
 
 void Select(const Output& output, CsvOptions& options) {
@@ -69,6 +72,8 @@ void Select(const Output& output, CsvOptions& options) {
   } else {
     options.sls.*output.sls = true;
   }
+  // The table per face is part of that of all cracks.
+  options.sls.crackResults = options.sls.crackResults || options.sls.crackResultsPerFace;
 }
 
 // Why a table says nothing of a task; empty when it does.
@@ -83,6 +88,10 @@ std::string Obstacle(const Output& output, const Data::CVelmoData& document, int
   if (output.needs == Needs::interpolatedModel &&
       !VlSol::Solver::IsInterpolatedModel(document, section)) {
     return "no concrete of the section has the interpolated model";
+  }
+  if (output.needs == Needs::crackWidths) {
+    if (!document.concreteCode().IsCrackWidthCode()) return "the code computes no crack widths";
+    if (!section.hasConcreteComponent(iTask)) return "the task includes no concrete";
   }
   return "";
 }

@@ -22,7 +22,7 @@ namespace {
 class SlsCasePrinter {
  public:
   SlsCasePrinter(const VelmoApp& app, const AnalysisTask& task, std::ostream& out)
-      : units_(app.pData()->Units()), task_(task), out_(out) {}
+      : app_(app), units_(app.pData()->Units()), task_(task), out_(out) {}
 
   void Print(int iCase, const CaseSLSDetails& record) const {
     out_ << CaseTitle(task_, iCase) << ": " << StateText(record) << '\n';
@@ -33,6 +33,10 @@ class SlsCasePrinter {
     out_ << "Cracking utilisation "
          << CrackingText(task_.SLSResult(iCase, false, true, false).CrackingUtilisation());
     if (std::isfinite(record.zeta)) out_ << ", zeta " << StringFrom(record.zeta);
+    if (record.hasCrackWidth) {
+      out_ << ", crack width " << units_.Value(record.crackWidth, Dimension::sectionDimensions)
+           << ' ' << units_.Unit(Dimension::sectionDimensions);
+    }
     out_ << '\n';
     PrintNeutralAxis(record.interpolatedDeformation, units_, out_);
     PrintStiffness(record.stiffness);
@@ -42,6 +46,32 @@ class SlsCasePrinter {
     PrintPlanes(record, both);
     PrintPoints(record, both);
     PrintBars(record, both);
+  }
+
+  void PrintCracks(const VelmoApp::CrackResults& results) const {
+    const auto& rule = app_.pData()->concreteCode().Data().crackWidth;
+    if (!rule || results.empty()) return;
+    const auto names = Data::Design::NamesOfCrackFactors(*rule);
+    TextTable table;
+    for (const char* number : {"component", "face", "bar"}) table.AddColumn(number, "");
+    const std::string unit = units_.Unit(Dimension::sectionDimensions);
+    for (const char* length : {"y", "z", "crack width"}) table.AddColumn(length, unit);
+    table.AddColumn(std::string(names.length), unit);
+    table.AddColumn(std::string(names.strain), units_.Unit(Dimension::strain));
+    table.AddColumn("remark", "", TextTable::Align::left);
+    for (const auto& [component, cracks] : results) {
+      for (const auto& crack : cracks) {
+        const auto length = [&](double value) {
+          return units_.Value(value, Dimension::sectionDimensions);
+        };
+        table.AddRow({std::to_string(component + 1), std::to_string(crack.face + 1),
+                      crack.bar < 0 ? "-" : std::to_string(crack.bar + 1), length(crack.position.x),
+                      length(crack.position.y), length(crack.width), length(crack.spacing),
+                      units_.Value(crack.strain, Dimension::strain),
+                      CrackRemarkText(crack.remark)});
+      }
+    }
+    PrintTable(table, out_);
   }
 
  private:
@@ -113,6 +143,7 @@ class SlsCasePrinter {
     if (both) cells.push_back(units_.Value(sample.stressCracked, Dimension::stress));
   }
 
+  const VelmoApp& app_;
   UnitText units_;
   const AnalysisTask& task_;
   std::ostream& out_;
@@ -123,8 +154,10 @@ class SlsCasePrinter {
 void PrintSlsDetails(const VelmoApp& app, int iSec, int iTask, const std::vector<int>& cases,
                      std::ostream& out) {
   const SlsCasePrinter printer(app, app.pData()->Section(iSec).Task(iTask), out);
-  ForEachSlsRecord(app, iSec, iTask, cases,
-                   [&](int iCase, const CaseSLSDetails& record) { printer.Print(iCase, record); });
+  ForEachSlsRecord(app, iSec, iTask, cases, [&](int iCase, const CaseSLSDetails& record) {
+    printer.Print(iCase, record);
+    printer.PrintCracks(app.GetCrackResults(iSec, iTask, iCase));
+  });
   out << "I: uncracked, II: cracked; the neutral axis is that of the plane the section is reported "
          "with\n";
   PrintReadingRules(app, iSec, out);
