@@ -14,6 +14,7 @@
 #include "cli/option_checks.h"
 #include "cli/printable.h"
 #include "cli/templates.h"
+#include "cli/verbs.h"
 #include "model/oxutil/json.h"
 #include "model/oxutil/text.h"
 #include "model/vldata/json/sections_json.h"
@@ -156,15 +157,7 @@ int List(const Arguments& arguments) {
 void AddSectionCommand(CLI::App& program, int& exitCode) {
   auto arguments = std::make_shared<Arguments>();
   CLI::App* command = program.add_subcommand("section", "Add, replace, delete or list sections");
-  command->footer(kExample);
-  command->require_subcommand(1);
-  const auto addVerb = [&](const char* name, const char* help, int (*run)(const Arguments&)) {
-    CLI::App* verb = command->add_subcommand(name, help);
-    verb->footer(kExample);
-    verb->add_option("DOC", arguments->document, "Document")->required()->check(NotEmpty);
-    verb->callback([arguments, run, &exitCode] { exitCode = run(*arguments); });
-    return verb;
-  };
+  Verbs<Arguments> verbs(*command, arguments, kExample, exitCode);
   const auto addFile = [&](CLI::App* verb) {
     verb->add_option("FILE", arguments->file, "JSON file of the section; standard input for -")
         ->check(NotEmpty);
@@ -174,7 +167,7 @@ void AddSectionCommand(CLI::App& program, int& exitCode) {
     return verb->add_option("--section", arguments->section, help)->check(NotEmpty);
   };
 
-  CLI::App* add = addVerb("add", "Append a section, from JSON or a template", Add);
+  CLI::App* add = verbs.Add("add", "Append a section, from JSON or a template", Add);
   addFile(add);
   add->add_option("--template", arguments->shape, "Section to add")
       ->check(CLI::IsMember(TemplateNames()));
@@ -182,11 +175,12 @@ void AddSectionCommand(CLI::App& program, int& exitCode) {
       ->check(NotEmpty);
   add->add_option("--rebar", arguments->reinforcement, "Reinforcement grade of the template")
       ->check(NotEmpty);
-  CLI::App* replace = addVerb("replace", "Replace a section with its tasks, or rename it", Replace);
+  CLI::App* replace =
+      verbs.Add("replace", "Replace a section with its tasks, or rename it", Replace);
   addFile(replace);
   addNumber(replace, "Number of the section")->required();
-  addNumber(addVerb("delete", "Delete a section", Delete), "Number of the section")->required();
-  CLI::App* list = addVerb("list", "List sections", List);
+  addNumber(verbs.Add("delete", "Delete a section", Delete), "Number of the section")->required();
+  CLI::App* list = verbs.Add("list", "List sections", List);
   addNumber(list, "Sections, e.g. 1 or 1-3,5; all without it");
   list->add_flag("--json", arguments->asJson, "Print them as they stand in the document");
 }

@@ -14,6 +14,7 @@
 #include "cli/option_checks.h"
 #include "cli/printable.h"
 #include "cli/task_options.h"
+#include "cli/verbs.h"
 #include "model/oxutil/json.h"
 #include "model/oxutil/text.h"
 #include "model/vldata/json/tasks_json.h"
@@ -229,15 +230,7 @@ void AddTaskCommand(CLI::App& program, int& exitCode) {
   auto arguments = std::make_shared<Arguments>();
   CLI::App* command =
       program.add_subcommand("task", "Add, replace, delete, list or compare analysis tasks");
-  command->footer(kExample);
-  command->require_subcommand(1);
-  const auto addVerb = [&](const char* name, const char* help, int (*run)(const Arguments&)) {
-    CLI::App* verb = command->add_subcommand(name, help);
-    verb->footer(kExample);
-    verb->add_option("DOC", arguments->document, "Document")->required()->check(NotEmpty);
-    verb->callback([arguments, run, &exitCode] { exitCode = run(*arguments); });
-    return verb;
-  };
+  Verbs<Arguments> verbs(*command, arguments, kExample, exitCode);
   const auto addSettings = [&](CLI::App* verb) {
     verb->add_option("FILE", arguments->file, "JSON file of the task; standard input for -")
         ->check(NotEmpty);
@@ -248,11 +241,11 @@ void AddTaskCommand(CLI::App& program, int& exitCode) {
     return verb->add_option(option, text, help)->check(NotEmpty);
   };
 
-  CLI::App* add = addVerb("add", "Append a task", Add);
-  CLI::App* replace = addVerb("replace", "Replace a task or change its settings", Replace);
-  CLI::App* remove = addVerb("delete", "Delete a task", Delete);
-  CLI::App* compare = addVerb("compare", "Say in what two tasks differ", Compare);
-  CLI::App* list = addVerb("list", "List tasks", List);
+  CLI::App* add = verbs.Add("add", "Append a task", Add);
+  CLI::App* replace = verbs.Add("replace", "Replace a task or change its settings", Replace);
+  CLI::App* remove = verbs.Add("delete", "Delete a task", Delete);
+  CLI::App* compare = verbs.Add("compare", "Say in what two tasks differ", Compare);
+  CLI::App* list = verbs.Add("list", "List tasks", List);
   addSettings(add);
   addSettings(replace);
   for (CLI::App* verb : {add, replace, remove, compare}) {
