@@ -1,5 +1,6 @@
 # orlix_add_library(name
-#   HEADERS a.h ...          public: found as "<folder>/a.h" from the repository root, each compiled alone
+#   HEADERS a.h ...          public: found as "<folder>/a.h" from the repository root. Each compiles alone: one with a
+#                            source of its name as the first thing in there, the others by a check of their own
 #   SOURCES a.cpp ...        none for a folder of headers only
 #   TESTS   a sub/b ...      test/a_test.cpp, sub/test/b_test.cpp; together one executable <name>_test, label <name>
 #   DEPENDS other ...        libraries whose headers ours include
@@ -22,12 +23,28 @@ function(orlix_add_library name)
   add_library(Orlix::${name} ALIAS ${name})
   target_compile_features(${name} ${scope} cxx_std_20)
   target_link_libraries(${name} ${scope} ${arg_DEPENDS})
+  set(first_in_source)
+  set(alone)
+  foreach(header IN LISTS arg_HEADERS)
+    string(REGEX REPLACE "\\.h$" ".cpp" source ${header})
+    if(source IN_LIST arg_SOURCES)
+      list(APPEND first_in_source ${header})
+    else()
+      list(APPEND alone ${header})
+    endif()
+  endforeach()
   target_sources(${name} ${scope}
-    FILE_SET HEADERS BASE_DIRS ${PROJECT_SOURCE_DIR} FILES ${arg_HEADERS})
+    FILE_SET HEADERS BASE_DIRS ${PROJECT_SOURCE_DIR} FILES ${first_in_source}
+    FILE_SET headers_alone TYPE HEADERS BASE_DIRS ${PROJECT_SOURCE_DIR} FILES ${alone})
+  set_target_properties(${name} PROPERTIES INTERFACE_HEADER_SETS_TO_VERIFY headers_alone)
 
   if(VELMO_BUILD_TESTS AND arg_TESTS)
     list(TRANSFORM arg_TESTS REPLACE "([^/]+)$" "test/\\1_test.cpp" OUTPUT_VARIABLE test_sources)
     add_executable(${name}_test ${test_sources})
+    list(LENGTH test_sources count)
+    if(count GREATER 2)
+      target_precompile_headers(${name}_test PRIVATE <gtest/gtest.h>)
+    endif()
     target_link_libraries(${name}_test
       PRIVATE ${name} ${arg_PRIVATE_DEPENDS} orlix_flags GTest::gtest_main)
     gtest_discover_tests(${name}_test
