@@ -60,6 +60,12 @@ Vec2<double> CentroidOf(const SectionPolygon& polygon) {
   return {total.sy / total.area, total.sz / total.area};
 }
 
+// To whole nanometres, so that a bar on an axis of symmetry lies at 0, not at round-off.
+Vec2<double> Rounded(Vec2<double> point) {
+  constexpr double kPerMetre = 1e9;
+  return {std::round(point.x * kPerMetre) / kPerMetre, std::round(point.y * kPerMetre) / kPerMetre};
+}
+
 void Shift(SectionPolygon& polygon, Vec2<double> by) {
   const auto shift = [by](Ring& ring) {
     for (Vec2<double>& point : ring) point = {point.x + by.x, point.y + by.y};
@@ -114,7 +120,7 @@ DrawingSection SectionFromDrawing(const dxf_import::SectionGeometry& geometry,
   if (!made.problems.empty()) return made;
 
   if (settings.origin == DrawingOrigin::centroid) {
-    const Vec2<double> centroid = CentroidOf(polygon);
+    const Vec2<double> centroid = Rounded(CentroidOf(polygon));
     const Vec2<double> by{-centroid.x, -centroid.y};
     Shift(polygon, by);
     for (CBar& bar : reinforcement.bars) {
