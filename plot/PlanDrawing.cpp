@@ -18,7 +18,7 @@ namespace {
 
 constexpr double kListPitch = 3.4;
 constexpr std::size_t kListLines = 4;
-constexpr double kForDimensions = 16.0;  // left of the section and below it [mm]
+constexpr double kForDimensions = 15.0;  // left of the section and below it [mm]
 constexpr double kAround = 9.0;          // free at the other sides, for the neutral axis' ends
 constexpr double kLeastRadius = 0.35;    // of a bar [mm]
 constexpr std::size_t kMostNumbers = 500;
@@ -233,24 +233,24 @@ std::vector<Box> PlanDrawing::DrawAxes(Canvas& canvas) const {
   const Pen pen{0.3};
   // Axes whose origin is off the drawing stand in its lower left corner, without the sign of it.
   const Spot at = showsOrigin_ ? place_.origin : Spot{box_.left + 4.0, box_.bottom - 4.0};
-  canvas.Arrow(at, {at.x + kLength, at.y}, pen);
-  canvas.Arrow(at, {at.x, at.y - kLength}, pen);
-  const Spot y{at.x + kLength + 0.7, at.y + 0.7};
-  const Spot z{at.x - 0.7, at.y - kLength - 0.9};
-  canvas.TextOnWhite(y, "y", kLabelStyle);
-  canvas.TextOnWhite(z, "z", kLabelStyle);
-  std::vector<Box> blocked = {canvas.TextBox(y, "y", kLabelStyle),
-                              canvas.TextBox(z, "z", kLabelStyle),
-                              {at.x - 0.4, at.y - kLength, at.x + 0.4, at.y},
-                              {at.x, at.y - 0.4, at.x + kLength, at.y + 0.4}};
+  std::vector<Box> blocked;
+  const auto draw = [&](Spot tip, Spot label, const char* name) {
+    canvas.Line(at, tip, {1.1, kWhite});  // to be seen on steel, too
+    canvas.Arrow(at, tip, pen);
+    canvas.TextOnWhite(label, name, kLabelStyle);
+    blocked.push_back(canvas.TextBox(label, name, kLabelStyle));
+  };
   const Vec2<double> across = AcrossNeutralAxis(view_);
   if (view_.state && across.x != 0.0 && showsOrigin_) {
-    const Spot tip = at + (kLength + 4.0) * Spot{across.x, -across.y};
-    canvas.Arrow(at, tip, pen);
-    const Spot s = tip + 2.0 * Spot{across.x, -across.y} + Spot{-0.7, 0.7};
-    canvas.TextOnWhite(s, "s", kLabelStyle);
-    blocked.push_back(canvas.TextBox(s, "s", kLabelStyle));
+    const bool isNearAxis = std::min(std::abs(across.x), std::abs(across.y)) < 0.3;
+    const Spot direction{across.x, -across.y};
+    const Spot tip = at + (kLength + (isNearAxis ? 8.0 : 3.0)) * direction;
+    draw(tip, tip + 2.0 * direction + Spot{-0.7, 0.7}, "s");
   }
+  draw({at.x + kLength, at.y}, {at.x + kLength + 0.7, at.y + 0.7}, "y");
+  draw({at.x, at.y - kLength}, {at.x - 0.7, at.y - kLength - 0.9}, "z");
+  blocked.push_back({at.x - 0.4, at.y - kLength, at.x + 0.4, at.y});
+  blocked.push_back({at.x, at.y - 0.4, at.x + kLength, at.y + 0.4});
   if (showsOrigin_) {
     DrawOrigin(canvas, at);
     blocked.push_back({at.x - 2.0, at.y - 2.0, at.x + 2.0, at.y + 2.0});

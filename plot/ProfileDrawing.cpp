@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
-#include <cstdlib>
 #include <limits>
 #include <tuple>
 #include <utility>
 
 #include "plot/LabelPlacer.h"
+#include "plot/bar_table.h"
 #include "plot/drawing_text.h"
 #include "plot/marks.h"
 #include "plot/ticks.h"
@@ -31,22 +31,6 @@ void Widen(std::pair<double, double>& range, double value) {
   if (!std::isfinite(value)) return;
   range.first = std::min(range.first, value);
   range.second = std::max(range.second, value);
-}
-
-// "1–4, 7": the numbers of bars, those that follow each other as a range.
-std::string Joined(const std::vector<std::string>& numbers) {
-  std::string text;
-  for (std::size_t i = 0; i < numbers.size();) {
-    std::size_t last = i;
-    const auto value = [&](std::size_t k) { return std::atol(numbers[k].c_str()); };
-    const bool isPlain = numbers[i].find('.') == std::string::npos;
-    while (isPlain && last + 1 < numbers.size() && value(last + 1) == value(last) + 1) ++last;
-    if (!text.empty()) text += ",";
-    text += numbers[i];
-    if (last > i) text += (last > i + 1 ? "–" : ",") + numbers[last];
-    i = last + 1;
-  }
-  return text;
 }
 
 }  // namespace
@@ -91,6 +75,23 @@ bool ProfileDrawing::IsAlong(const ComponentView& component) const {
 
 double ProfileDrawing::StrainAt(const ComponentView& component, double distance) const {
   return component.plane.StrainAt(distance * across_);
+}
+
+std::vector<ProfileDrawing::StrainLine> ProfileDrawing::LinesOfStrain() const {
+  std::vector<StrainLine> lines;
+  for (const ComponentView& component : view_.components) {
+    if (!component.isIncluded || component.polygons.empty()) continue;
+    const Vec2<double> range = RangeOf(component);
+    const auto same = std::find_if(lines.begin(), lines.end(), [&](const StrainLine& line) {
+      return IsAlong(component) && line.component->plane == component.plane;
+    });
+    if (same == lines.end()) {
+      lines.push_back({&component, range});
+    } else {
+      same->range = {std::min(same->range.x, range.x), std::max(same->range.y, range.y)};
+    }
+  }
+  return lines;
 }
 
 void ProfileDrawing::Draw(Canvas& canvas) const {
@@ -180,37 +181,47 @@ void ProfileDrawing::DrawStrains(Canvas& canvas, const Box& box) const {
   }
   const Panel panel = PanelOf(box, range.first, range.second);
   DrawPanel(canvas, panel, "Strain [" + UnitTextOf(Dimension::strain, units_) + "]", factor);
-  LabelPlacer placer({box.left - 2.0, box.top - 4.0, box.right + 4.0, box.bottom + 5.0});
-  std::vector<std::pair<Spot, double>> ends;
-  for (const ComponentView& component : view_.components) {
-    if (!component.isIncluded || component.polygons.empty()) continue;
-    if (!IsAlong(component)) {
-      for (const auto& polygon : component.polygons) {
+  std::vector<std::vector<Spot>> curves;
+  std::vector<Value> values;
+  bool hasPoints = false;
+  for (const auto& [component, range_] : LinesOfStrain()) {
+    if (!IsAlong(*component)) {
+      hasPoints = true;
+      for (const auto& polygon : component->polygons) {
         for (const Vec2<double>& p : polygon.outline) {
-          canvas.FillCircle({panel.X(component.plane.StrainAt(p)), Y(DistanceOf(p))}, 0.4, kBlack);
+          canvas.FillCircle({panel.X(component->plane.StrainAt(p)), Y(DistanceOf(p))}, 0.4, kBlack);
         }
       }
       continue;
     }
-    const auto [first, last] = RangeOf(component);
     std::vector<Spot> line;
-    for (const double distance : {first, last}) {
-      const double strain = StrainAt(component, distance);
+    for (const double distance : {range_.x, range_.y}) {
+      const double strain = StrainAt(*component, distance);
       line.push_back({panel.X(strain), Y(distance)});
-      ends.emplace_back(line.back(), strain);
+      values.push_back({line.back(), NumberText(strain * factor, 3)});
     }
     DrawBlock(canvas, panel, line, 0.0);
-    placer.Block(std::vector<Ring>{line});
+    curves.push_back(std::move(line));
   }
-  const double middle = box.Centre().y;
-  std::vector<std::string> done;
-  for (const auto& [spot, strain] : ends) {
-    const std::string text = NumberText(strain * factor, 3);
-    const Spot size{canvas.TextWidth(text, kValueStyle) + 0.4, 2.0};
-    const auto place = placer.Place(spot, 0.6, size, {0.0, spot.y < middle ? -1.0 : 1.0});
+  if (hasPoints) {
+    canvas.Text({box.left, box_.top + kHeading - 0.5},
+                "Dots: vertices; locked-in strains bend about another axis.", {1.9});
+  }
+  DrawValues(canvas, box, curves, values);
+}
+
+void ProfileDrawing::DrawValues(Canvas& canvas, const Box& panel,
+                                const std::vector<std::vector<Spot>>& curves,
+                                const std::vector<Value>& values) const {
+  LabelPlacer placer({panel.left - 2.0, panel.top - 4.0, panel.right + 4.0, panel.bottom + 5.0});
+  placer.Block(curves);
+  for (const Value& value : values) {
+    const Spot size{canvas.TextWidth(value.text, kValueStyle) + 0.4, 2.0};
+    const Spot outwards{0.0, value.spot.y < panel.Centre().y ? -1.0 : 1.0};
+    const auto place = placer.Place(value.spot, 0.6, size, outwards);
     if (!place) continue;
     canvas.FillRectangle(*place, kWhite);
-    canvas.Text({place->left + 0.2, place->bottom - 0.2}, text, kValueStyle);
+    canvas.Text({place->left + 0.2, place->bottom - 0.2}, value.text, kValueStyle);
   }
 }
 
@@ -261,8 +272,8 @@ void ProfileDrawing::DrawConcrete(Canvas& canvas, const Box& box) const {
   if (extremes && std::max(-extremes->minStress, extremes->maxStress) < 1.0) panel.scale = 0.0;
   DrawPanel(canvas, panel, "Concrete [" + UnitTextOf(Dimension::stress, units_) + "]", factor);
   if (panel.scale == 0.0) return;
-  LabelPlacer placer({box.left - 2.0, box.top - 4.0, box.right + 4.0, box.bottom + 5.0});
-  std::vector<std::pair<Spot, std::string>> labels;
+  std::vector<std::vector<Spot>> curves;
+  std::vector<Value> values;
   double angle = 45.0;
   for (const ComponentView& component : view_.components) {
     if (!component.isIncluded || component.type != MatType::concrete || component.polygons.empty())
@@ -271,7 +282,6 @@ void ProfileDrawing::DrawConcrete(Canvas& canvas, const Box& box) const {
     if (IsAlong(component)) {
       curve = StressCurve(component, panel);
       DrawBlock(canvas, panel, curve, angle);
-      placer.Block(std::vector<Ring>{curve});
     } else {
       for (const auto& polygon : component.polygons) {
         for (const Vec2<double>& p : polygon.outline) {
@@ -288,17 +298,11 @@ void ProfileDrawing::DrawConcrete(Canvas& canvas, const Box& box) const {
     for (const auto& extreme : {least, most}) {
       const double stress = (extreme->x - panel.zero) / panel.scale;
       if (std::abs(extreme->x - panel.zero) < 0.3) continue;
-      labels.emplace_back(*extreme, NumberText(stress * factor, 3));
+      values.push_back({*extreme, NumberText(stress * factor, 3)});
     }
+    if (IsAlong(component)) curves.push_back(std::move(curve));
   }
-  const double middle = box.Centre().y;
-  for (const auto& [spot, text] : labels) {
-    const Spot size{canvas.TextWidth(text, kValueStyle) + 0.4, 2.0};
-    const auto place = placer.Place(spot, 0.6, size, {0.0, spot.y < middle ? -1.0 : 1.0});
-    if (!place) continue;
-    canvas.FillRectangle(*place, kWhite);
-    canvas.Text({place->left + 0.2, place->bottom - 0.2}, text, kValueStyle);
-  }
+  DrawValues(canvas, box, curves, values);
 }
 
 void ProfileDrawing::DrawSteel(Canvas& canvas, const Box& box) const {
@@ -330,91 +334,49 @@ void ProfileDrawing::DrawSteel(Canvas& canvas, const Box& box) const {
   DrawBarTable(canvas, panel, {box.right + 1.0, box.top, box_.right - 2.0, box.bottom});
 }
 
-std::vector<ProfileDrawing::BarGroup> ProfileDrawing::GroupsOf() const {
-  std::vector<std::pair<double, const BarView*>> bars;
-  double largest = 0.0;
-  for (const ComponentView& component : view_.components) {
-    for (const BarView& bar : component.bars) {
-      if (!std::isfinite(bar.stress)) continue;
-      bars.emplace_back(DistanceOf(bar.position), &bar);
-      largest = std::max(largest, std::abs(bar.stress));
-    }
-  }
-  std::stable_sort(bars.begin(), bars.end(),
-                   [](const auto& a, const auto& b) { return a.first > b.first; });
-  std::vector<BarGroup> groups;
-  for (const auto& [distance, bar] : bars) {
-    const auto isAlike = [&, d = distance, b = bar](const BarGroup& group) {
-      return std::abs(group.distance - d) * scale_ < 0.2 &&
-             std::abs(group.stress - b->stress) <= 2e-3 * largest;
-    };
-    auto group = std::find_if(groups.rbegin(), groups.rend(), isAlike);
-    if (group == groups.rend()) {
-      groups.push_back({distance, bar->stress, 0.0, {}});
-      group = groups.rbegin();
-    }
-    group->force += bar->force;
-    group->numbers.push_back(bar->number);
-  }
-  return groups;
-}
-
 void ProfileDrawing::DrawBarTable(Canvas& canvas, const Panel& panel, const Box& box) const {
   constexpr double kPitch = 2.7;
-  const TextStyle style{1.9};
-  const TextStyle right{1.9, Align::right};
-  std::vector<BarGroup> groups = GroupsOf();
+  constexpr double kSize = 1.9;
+  const TextStyle style{kSize};
+  const TextStyle right{kSize, Align::right};
+  const double top = std::max(box_.top + kHeading + 5.0, box.top - 6.0);
+  const double bottom = std::min(box_.bottom - 6.0, box.bottom + 6.0);
+  const auto most = std::max<std::size_t>(4, static_cast<std::size_t>((bottom - top) / kPitch));
+  const std::vector<BarGroup> all = GroupedBars(view_, across_, 0.2 / scale_);
+  const std::vector<BarGroup> groups = ThinnedOut(all, most);
   if (groups.empty()) return;
-  // Levels beyond the room for them: as many as fit, evenly, with the largest and least stress.
-  const double top = box_.top + kHeading + 5.0;
-  const double bottom = box_.bottom - 4.0;
-  const auto most = static_cast<std::size_t>((bottom - top) / kPitch);
-  const bool isThinned = groups.size() > most;
-  if (isThinned) {
-    const auto less = [](const BarGroup& a, const BarGroup& b) { return a.stress < b.stress; };
-    const auto least = std::min_element(groups.begin(), groups.end(), less) - groups.begin();
-    const auto largest = std::max_element(groups.begin(), groups.end(), less) - groups.begin();
-    std::vector<BarGroup> kept;
-    const std::size_t count = most - 3;
-    std::size_t next = 0;
-    for (std::size_t i = 0; i < groups.size(); ++i) {
-      const bool isNext = i == next * (groups.size() - 1) / (count - 1);
-      if (isNext) ++next;
-      if (isNext || std::cmp_equal(i, least) || std::cmp_equal(i, largest))
-        kept.push_back(groups[i]);
-    }
-    groups = std::move(kept);
-  }
-  const double forces = box.right;
-  const double stresses = forces - 9.5;
-  const double numbers = box.left + 2.0;
-  canvas.Text({numbers, box_.top + kHeading + 0.5}, "bar", {1.9, Align::left, true});
-  canvas.Text({stresses, box_.top + kHeading + 0.5}, "σ", {1.9, Align::right, true});
-  canvas.Text({forces, box_.top + kHeading + 0.5},
-              "F [" + UnitTextOf(Dimension::force, units_) + "]", {1.9, Align::right, true});
   std::vector<double> wanted;
   for (const BarGroup& group : groups) wanted.push_back(Y(group.distance));
-  const std::vector<double> levels =
-      SpreadLabels(wanted, kPitch, top, bottom - (isThinned ? kPitch : 0.0));
+  const std::vector<double> levels = SpreadLabels(wanted, kPitch, top, bottom);
+
+  const double forces = box.right;
+  const double stresses = forces - 9.5;
+  const double names = box.left + 2.0;
+  const double heading = levels.front() - 2.6;
+  canvas.Text({names, heading}, "bar", {kSize, Align::left, true});
+  canvas.Text({stresses, heading}, "σ", {kSize, Align::right, true});
+  canvas.Text({forces, heading}, "F [" + UnitTextOf(Dimension::force, units_) + "]",
+              {kSize, Align::right, true});
+  const Pen leader{0.08, 0.5};
   for (std::size_t i = 0; i < groups.size(); ++i) {
     const BarGroup& group = groups[i];
-    const double y = levels[i];
-    const Spot dot{std::max(panel.X(group.stress), panel.zero) + 0.7, wanted[i]};
-    canvas.Line(dot, {panel.box.right, wanted[i]}, {0.08, 0.5});
-    canvas.Line({panel.box.right, wanted[i]}, {numbers - 0.4, y}, {0.08, 0.5});
+    const Spot edge{panel.box.right, wanted[i]};
+    canvas.Line({std::max(panel.X(group.stress), panel.zero) + 0.7, wanted[i]}, edge, leader);
+    canvas.Line(edge, {names - 0.4, levels[i]}, leader);
+    const double y = levels[i] + 0.7;
     const std::string stress = NumberText(group.stress * units_.Conversion(Dimension::stress), 3);
-    const std::string force = NumberText(group.force * units_.Conversion(Dimension::force), 3);
-    const double room = stresses - canvas.TextWidth(stress, style) - 0.8 - numbers;
-    std::string names = Joined(group.numbers);
-    if (canvas.TextWidth(names, style) > room) {
-      names = canvas.Fitted(std::to_string(group.numbers.size()) + " bars", room, style);
+    const double room = stresses - canvas.TextWidth(stress, style) - 0.8 - names;
+    std::string name = JoinedNumbers(group.numbers);
+    if (canvas.TextWidth(name, style) > room) {
+      name = canvas.Fitted(std::to_string(group.numbers.size()) + " bars", room, style);
     }
-    canvas.Text({numbers, y + 0.7}, names, style);
-    canvas.Text({stresses, y + 0.7}, stress, right);
-    canvas.Text({forces, y + 0.7}, force, right);
+    canvas.Text({names, y}, name, style);
+    canvas.Text({stresses, y}, stress, right);
+    canvas.Text({forces, y}, NumberText(group.force * units_.Conversion(Dimension::force), 3),
+                right);
   }
-  if (isThinned) {
-    canvas.Text({forces, bottom + 1.5}, "some levels left out", right);
+  if (groups.size() < all.size()) {
+    canvas.Text({forces, levels.back() + 4.0}, "some levels left out", right);
   }
 }
 

@@ -30,12 +30,16 @@ class ProfileDrawing {
     double scale{};  ///< mm per unit of the value; 0: nothing to show
     double X(double value) const { return zero + scale * value; }
   };
-  /// Bars at one level with one stress.
-  struct BarGroup {
-    double distance{};
-    double stress{};
-    double force{};  ///< of all
-    std::vector<std::string> numbers;
+  /// A value that is written beside its spot.
+  struct Value {
+    Spot spot;
+    std::string text;
+  };
+
+  /// Components of one plane: their strains are one line.
+  struct StrainLine {
+    const ComponentView* component;  ///< the first of them
+    Vec2<double> range;              ///< least and largest distance
   };
 
   double Y(double distance) const { return middle_ - scale_ * distance; }
@@ -44,6 +48,7 @@ class ProfileDrawing {
   Vec2<double> RangeOf(const ComponentView& component) const;
   /// Whether the strains of a component depend on the distance alone.
   bool IsAlong(const ComponentView& component) const;
+  std::vector<StrainLine> LinesOfStrain() const;
   double StrainAt(const ComponentView& component, double distance) const;
   std::vector<Spot> StressCurve(const ComponentView& component, const Panel& panel) const;
   Panel PanelOf(Box box, double low, double high) const;
@@ -56,7 +61,8 @@ class ProfileDrawing {
   void DrawSteel(Canvas& canvas, const Box& box) const;
   void DrawBlock(Canvas& canvas, const Panel& panel, const std::vector<Spot>& curve,
                  double hatchAngle) const;
-  std::vector<BarGroup> GroupsOf() const;
+  void DrawValues(Canvas& canvas, const Box& panel, const std::vector<std::vector<Spot>>& curves,
+                  const std::vector<Value>& values) const;
   void DrawBarTable(Canvas& canvas, const Panel& panel, const Box& box) const;
 
   const SectionView& view_;

@@ -143,7 +143,7 @@ const char* NameOf(SectionState state) {
     case SectionState::cracked:
       return "cracked state";
     case SectionState::interpolated:
-      return "interpolated between the uncracked and the cracked state";
+      return "interpolated state, mean strains";
     default:
       return "under the load of the case";
   }

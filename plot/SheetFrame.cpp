@@ -63,16 +63,18 @@ void DrawRows(Canvas& canvas, const Box& box, const InfoColumn& column, double y
     cells = std::max(cells, row.size());
     labels = std::max(labels, canvas.TextWidth(row.front(), style));
   }
-  labels = std::min(labels, 0.6 * box.Width());
+  labels = std::min(labels + 0.5, 0.6 * box.Width());
   for (const auto& row : column.rows) {
     if (row.empty()) continue;
     const double firstWidth = row.size() < 2 ? box.Width() : labels;
     canvas.Text({box.left, y}, canvas.Fitted(row.front(), firstWidth, style), style);
     const double width = (box.Width() - labels) / static_cast<double>(cells - (cells > 1 ? 1 : 0));
+    // The last cells of a column stand below each other; the first of a short row has more room.
     for (std::size_t i = 1; i < row.size(); ++i) {
-      const double right = box.left + labels + width * static_cast<double>(i);
+      const double right = box.right - width * static_cast<double>(row.size() - 1 - i);
+      const double room = i == 1 ? right - box.left - labels : width;
       const TextStyle number{style.size, Align::right};
-      canvas.Text({right, y}, canvas.Fitted(row[i], width - 1.0, number), number);
+      canvas.Text({right, y}, canvas.Fitted(row[i], room - 1.0, number), number);
     }
     y += pitch;
   }
@@ -89,7 +91,7 @@ void DrawColumn(Canvas& canvas, const Box& box, const InfoColumn& column) {
   y += kPitch * static_cast<double>(column.rows.size());
   for (const auto& [sign, text] : column.key) {
     const TextStyle style{2.2};
-    const double left = sign == KeySign::none ? box.left : box.left + kKeyWidth + 1.5;
+    const double left = box.left + kKeyWidth + 1.5;
     DrawKeySign(canvas, {box.left, y - 2.1, box.left + kKeyWidth, y + 0.4}, sign);
     canvas.Text({left, y}, canvas.Fitted(text, box.right - left, style), style);
     y += kPitch;
@@ -99,11 +101,15 @@ void DrawColumn(Canvas& canvas, const Box& box, const InfoColumn& column) {
 }  // namespace
 
 void SheetFrame::Draw(Canvas& canvas, const TitleBlock& title,
-                      const std::vector<InfoColumn>& columns) {
+                      const std::vector<InfoColumn>& columns, const std::string& remark) {
   canvas.Rectangle(kSheet, kFramePen);
   canvas.Line({kTitle.left, kTitle.top}, {kTitle.right, kTitle.top}, kFramePen);
   canvas.Line({kInfo.left, kInfo.top}, {kInfo.right, kInfo.top}, kRulePen);
   DrawTitle(canvas, title);
+  const TextStyle style{2.2};
+  const std::string line = remark.empty() ? kSignRule : kSignRule + ("  " + remark);
+  canvas.Text({kMain.left + kPadding, kMain.bottom - 1.8},
+              canvas.Fitted(line, kMain.Width() - 2 * kPadding, style), style);
   double x = kInfo.left;
   for (const InfoColumn& column : columns) {
     const Box box{x, kInfo.top, x + column.width, kInfo.bottom};

@@ -25,8 +25,7 @@ enum class KeySign {
   dashedCurve,
   point,
   load,
-  governingLoad,
-  none  ///< a line of text alone
+  governingLoad
 };
 
 /// A column of the strip above the title block: a heading, then rows whose first cell stands at the
@@ -63,8 +62,16 @@ class SheetFrame {
   static constexpr Box kInfo{kSheet.left, kTitle.top - kInfoHeight, kSheet.right, kTitle.top};
   static constexpr Box kMain{kSheet.left, kSheet.top, kSheet.right, kInfo.top};
 
-  /// Lines, title block and strip. Texts too long for their place end with "…".
-  static void Draw(Canvas& canvas, const TitleBlock& title, const std::vector<InfoColumn>& columns);
+  /// Free at the bottom of `kMain` for the line of the sign rule.
+  static constexpr double kRuleHeight = 5.0;
+  static constexpr const char* kSignRule =
+      "Tension positive. Positive Myy: tension on the +z side; positive Mzz: tension on the -y "
+      "side. Loads act at the origin of y and z.";
+
+  /// Lines, title block, strip and the sign rule with a remark behind. Texts too long for their
+  /// place end with "…".
+  static void Draw(Canvas& canvas, const TitleBlock& title, const std::vector<InfoColumn>& columns,
+                   const std::string& remark);
 };
 
 }  // namespace Orlix::Plot

@@ -94,8 +94,6 @@ void DrawKeySign(Canvas& canvas, const Box& box, KeySign sign) {
       return DrawLoad(canvas, centre, false);
     case KeySign::governingLoad:
       return DrawLoad(canvas, centre, true);
-    case KeySign::none:
-      return;
   }
 }
 

@@ -53,21 +53,22 @@ std::string SectionPicture(const VelmoApp& app, int iSec, const std::optional<Pi
   const Data::CUnit& units = app.pData()->Units();
   const Box& main = SheetFrame::kMain;
   const double split = ofCase ? main.left + kPlanWidth : main.right;
-  const PlanDrawing plan(view, units, {main.left, main.top, split, main.bottom});
+  const PlanDrawing plan(view, units,
+                         {main.left, main.top, split, main.bottom - SheetFrame::kRuleHeight});
   const SectionText text(app, iSec, ofCase, view);
   Canvas canvas(options);
   const TitleBlock title = text.Title(ScaleText(plan.ScaleDenominator()));
   canvas.SetTitle(title.names.at(1).second);
-  std::vector<std::string> notes;
-  if (!plan.Draw(canvas)) notes.emplace_back("Some bars have no room for their number.");
-  if (plan.HasEnlargedBars()) notes.emplace_back("Bars are drawn larger than they are.");
-  const Box beside{split, main.top, main.right, main.bottom};
+  std::string remark;
+  if (!plan.Draw(canvas)) remark += "Some bars have no room for their number. ";
+  if (plan.HasEnlargedBars()) remark += "Bars drawn larger than they are.";
+  const Box beside{split, main.top, main.right, main.bottom - SheetFrame::kRuleHeight};
   if (view.state) {
     ProfileDrawing(view, units, plan.Place(), beside).Draw(canvas);
   } else if (ofCase) {
     DrawProblem(canvas, beside, view.problem);
   }
-  SheetFrame::Draw(canvas, title, text.Columns(notes));
+  SheetFrame::Draw(canvas, title, text.Columns(), remark);
   return canvas.Finish();
 }
 

@@ -100,7 +100,7 @@ TitleBlock SectionText::Title(const std::string& scale) const {
   return title;
 }
 
-std::vector<InfoColumn> SectionText::Columns(const std::vector<std::string>& notes) const {
+std::vector<InfoColumn> SectionText::Columns() const {
   std::vector<InfoColumn> columns;
   if (case_) {
     columns = {Loads(), ExtremesColumn(), AxisColumn()};
@@ -109,7 +109,7 @@ std::vector<InfoColumn> SectionText::Columns(const std::vector<std::string>& not
   }
   double left = SheetFrame::kInfo.Width();
   for (const InfoColumn& column : columns) left -= column.width;
-  columns.push_back(Key(notes));
+  columns.push_back(Key());
   columns.back().width = left;
   return columns;
 }
@@ -197,20 +197,23 @@ InfoColumn SectionText::ExtremesColumn() const {
 }
 
 double SectionText::CompressionDepth() const {
-  double depth = std::numeric_limits<double>::quiet_NaN();
-  if (view_.state->isStaged) return depth;
+  constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
+  if (view_.state->isStaged) return kNone;  // each component has a depth of its own
   const Vec3<double>& v = view_.state->plane.Vector();
-  const double curvature = std::hypot(v.y, v.z);
+  double least = kNone;
+  double largest = kNone;
   for (const ComponentView& component : view_.components) {
     if (!component.isIncluded || component.type != MatType::concrete) continue;
     for (const auto& polygon : component.polygons) {
       for (const Vec2<double>& p : polygon.outline) {
         const double strain = view_.state->plane.StrainAt(p);
-        if (strain < 0.0) depth = std::fmax(depth, -strain / curvature);
+        least = std::fmin(least, strain);
+        largest = std::fmax(largest, strain);
       }
     }
   }
-  return depth;
+  if (!(least < 0.0)) return kNone;
+  return (std::min(largest, 0.0) - least) / std::hypot(v.y, v.z);
 }
 
 InfoColumn SectionText::AxisColumn() const {
@@ -221,9 +224,11 @@ InfoColumn SectionText::AxisColumn() const {
     const double angle = view_.state->axis.angle * 180.0 / std::numbers::pi;
     column.rows.push_back(
         {"angle from the y axis", NumberText(std::abs(angle) < 1e-6 ? 0.0 : angle) + "°"});
-    column.rows.push_back({"distance from O", Length(view_.state->axis.offset)});
+    column.rows.push_back({"distance from the origin", Length(view_.state->axis.offset)});
     const double depth = CompressionDepth();
-    if (std::isfinite(depth)) column.rows.push_back({"compression zone", Length(depth)});
+    if (std::isfinite(depth)) {
+      column.rows.push_back({"depth in compression", Length(depth)});
+    }
   }
   if (std::isfinite(view_.centroid.x)) {
     const auto clean = [](double value) { return std::abs(value) < 1e-12 ? 0.0 : value; };
@@ -232,7 +237,7 @@ InfoColumn SectionText::AxisColumn() const {
         {"y, z", Length(clean(view_.centroid.x)), Length(clean(view_.centroid.y))});
   }
   if (view_.state && AcrossNeutralAxis(view_).x != 0.0) {
-    column.rows.push_back({"s: from O, across the neutral axis"});
+    column.rows.push_back({"s: from the origin, across it"});
   }
   return column;
 }
@@ -289,7 +294,7 @@ InfoColumn SectionText::PropertiesColumn() const {
   return column;
 }
 
-InfoColumn SectionText::Key(const std::vector<std::string>& notes) const {
+InfoColumn SectionText::Key() const {
   InfoColumn column{"Key", 0.0};
   bool hasBars = false;
   bool hasPrestress = false;
@@ -310,14 +315,14 @@ InfoColumn SectionText::Key(const std::vector<std::string>& notes) const {
   if (view_.state) {
     column.key.emplace_back(KeySign::compressionZone, "concrete in compression");
     add(hasBars, KeySign::barInTension, "bar in tension (open: compression)");
+    add(std::isfinite(view_.state->axis.offset), KeySign::neutralAxis,
+        view_.state->isStaged ? "neutral axis of this stage" : "neutral axis (NA)");
   }
   add(hasPrestress, KeySign::prestressedBar, "prestressed bar");
   add(hasSteel, KeySign::steel, "structural steel");
   add(hasFrp, KeySign::frp, "FRP");
   add(isPartial, KeySign::notIncluded, case_ ? "not in the task" : "outline not valid");
-  column.key.emplace_back(KeySign::origin, "O: origin of y and z, where loads act");
-  for (const char* line : kSignRule) column.key.emplace_back(KeySign::none, line);
-  for (const std::string& note : notes) column.key.emplace_back(KeySign::none, note);
+  column.key.emplace_back(KeySign::origin, "origin of y and z, where loads act");
   return column;
 }
 

@@ -18,11 +18,6 @@ TitleBlock TitleOf(const VelmoApp& app, int iSec, std::optional<int> iTask,
 /// "5:1", "1:20".
 std::string ScaleText(double denominator);
 
-/// What the two lines of the sign rule say, on every sheet.
-inline constexpr const char* kSignRule[] = {
-    "Tension positive. Positive Myy: tension on the +z side;",
-    "positive Mzz: tension on the -y side."};
-
 /// What a sheet of a section says in words beside its drawing.
 class SectionText {
  public:
@@ -32,8 +27,7 @@ class SectionText {
   /// @param scale  of the drawing, as `ScaleText` has it
   TitleBlock Title(const std::string& scale) const;
   /// The strip above it: loads, extremes, geometry; without a case components and bars; the key.
-  /// @param notes  lines behind the key
-  std::vector<InfoColumn> Columns(const std::vector<std::string>& notes) const;
+  std::vector<InfoColumn> Columns() const;
 
  private:
   using Row = std::vector<std::string>;
@@ -44,7 +38,7 @@ class SectionText {
   InfoColumn AxisColumn() const;
   InfoColumn PropertiesColumn() const;
   InfoColumn BarsColumn() const;
-  InfoColumn Key(const std::vector<std::string>& notes) const;
+  InfoColumn Key() const;
   std::string Length(double value) const;
   /// Depth of the compressed part of the included concrete [m]; NaN: none or no neutral axis.
   double CompressionDepth() const;

@@ -15,7 +15,7 @@ void Cut(const HalfPlane& part, Spot start, Spot along, double& first, double& l
   const double rate = Dot(part.normal, along);
   const double room = part.limit - Dot(part.normal, start);
   if (rate == 0.0) {
-    if (room < 0.0) last = first;
+    if (room < 0.0) last = first - 1.0;  // nothing
   } else if (rate > 0.0) {
     last = std::min(last, room / rate);
   } else {
@@ -48,7 +48,6 @@ Stroke Within(const Box& box, Stroke stroke) {
   double last = 1.0;
   for (const HalfPlane& side : {HalfPlane{{-1, 0}, -box.left}, HalfPlane{{1, 0}, box.right},
                                 HalfPlane{{0, -1}, -box.top}, HalfPlane{{0, 1}, box.bottom}}) {
-    if (Dot(side.normal, along) == 0.0 && Dot(side.normal, stroke.from) > side.limit) last = -1.0;
     Cut(side, stroke.from, along, first, last);
   }
   constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
