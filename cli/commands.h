@@ -35,6 +35,7 @@ void AddConvertCommand(CLI::App& program, int& exitCode);
 void AddCasesCommand(CLI::App& program, int& exitCode);
 void AddSolveCommand(CLI::App& program, int& exitCode);
 void AddDxfCommand(CLI::App& program, int& exitCode);
+void AddDiagramCommand(CLI::App& program, int& exitCode);
 void AddReportCommand(CLI::App& program, int& exitCode);
 void AddClipboardCommand(CLI::App& program, int& exitCode);
 void AddCurveCommand(CLI::App& program, int& exitCode);

@@ -34,6 +34,7 @@ int Run(int argc, char** argv) {
   Orlix::Cli::AddCasesCommand(program, exitCode);
   Orlix::Cli::AddSolveCommand(program, exitCode);
   Orlix::Cli::AddDxfCommand(program, exitCode);
+  Orlix::Cli::AddDiagramCommand(program, exitCode);
   Orlix::Cli::AddReportCommand(program, exitCode);
   Orlix::Cli::AddClipboardCommand(program, exitCode);
   Orlix::Cli::AddCurveCommand(program, exitCode);

@@ -231,9 +231,9 @@ class CurvatureCurve {
 
   DiagramPoint PointOf(const Marked& m) const {
     DiagramPoint point;
-    point.at = {m.state.curvature, m.state.moment};
     point.load = Vec3<double>{request_.axial, 0.0, 0.0} + m.state.moment * walk_.Direction();
     point.plane = ReportedPlane(section_, m.state.plane);
+    point.at = {Dot(point.plane, walk_.Direction()), m.state.moment};
     point.strainUtilisation = m.state.gauge;
     if (reduction_ != nullptr) point.reductionFactor = reduction_->Phi(section_, m.state.plane);
     if (m.mark == DiagramMark::failure) {
