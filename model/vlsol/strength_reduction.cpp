@@ -3,8 +3,11 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
+#include <memory>
+#include <utility>
 #include <variant>
 
+#include "model/oxdata/codes/as3600/concrete.h"
 #include "model/oxnumeric/section/equilibrium.h"
 #include "model/oxnumeric/section/gauge.h"
 #include "model/oxnumeric/section/kernel.h"
@@ -30,8 +33,8 @@ class HeldForceSearch {
     const double low = reduction_.phiCompression;
     const double high = reduction_.phiTension;
     const Trial first = At(low);
-    if (!first.found) return std::nullopt;
-    if (first.phi <= low) return first.mu;
+    if (!first.found && load_.x <= 0.0) return std::nullopt;
+    if (first.found && first.phi <= low) return first.mu;
     const Trial last = At(high);
     // Tension-controlled at both ends: so it is between, since the strain moves one way with x.
     if (last.found && first.phi >= high && last.phi >= high) return last.mu;
@@ -43,7 +46,7 @@ class HeldForceSearch {
       if (above.Excess() <= 0.0) return Between(below, above);
       below = above;
     }
-    return below.mu;
+    return below.Capacity();
   }
 
  private:
@@ -53,17 +56,24 @@ class HeldForceSearch {
     double mu{};
     bool found{};
     double Excess() const { return phi - x; }
+    std::optional<double> Capacity() const { return found ? std::optional(mu) : std::nullopt; }
   };
 
   Trial At(double x) {
-    Trial trial{x, reduction_.phiCompression, 0.0, false};
+    // Beyond what the section takes the factor is that of the end of its range on this side.
     const double n = load_.x / x;
-    if (-n > reduction_.axialCap) return trial;
+    Trial trial{x, n > 0.0 ? reduction_.phiTension : reduction_.phiCompression, 0.0, false};
+    if (!std::isfinite(n) || -n > reduction_.axialCap) return trial;
     const Numeric::LoadPath path{section_.LoadToLocal({n, 0.0, 0.0}),
                                  {0.0, load_.y / x, load_.z / x}};
     FailurePoint failure;
     if (lastFailure_) failure = Numeric::FindFailureBeside(section_, path, *lastFailure_);
     if (!failure.found) failure = Numeric::FindFailure(section_, path, StartFor(x));
+    if (reduction_.squashLine && n < 0.0) {
+      const auto onLine =
+          reduction_.squashLine->FactorOn(path, failure.found ? &failure.plane : nullptr);
+      if (onLine) return {x, reduction_.phiCompression, *onLine, true};
+    }
     if (!failure.found) return trial;
     lastFailure_ = failure.plane;
     return {x, reduction_.Phi(section_, failure.plane), failure.lambda, true};
@@ -81,7 +91,7 @@ class HeldForceSearch {
   }
 
   // Illinois on phi(x) - x, positive at `below`, not positive at `above`.
-  double Between(Trial below, Trial above) {
+  std::optional<double> Between(Trial below, Trial above) {
     constexpr double kWidth = 1e-10;
     double fBelow = below.Excess();
     double fAbove = above.Excess();
@@ -98,7 +108,10 @@ class HeldForceSearch {
         fBelow *= 0.5;
       }
     }
-    return above.found ? above.mu : below.mu;
+    // A tension that only phi above the section's own would carry: no phi(failure) = x there.
+    constexpr double kStep = 1e-6;
+    if (!below.found && above.Excess() < -kStep) return std::nullopt;
+    return (above.found ? above : below).Capacity();
   }
 
   const CompiledSection& section_;
@@ -108,19 +121,10 @@ class HeldForceSearch {
   std::optional<Plane> lastFailure_;  // of the trial before, which the next one starts from
 };
 
-// Yield strain of a bar, or what the code has count in its place.
-double YieldStrain(const Data::CVelmoData& document, const Data::CBar& bar,
-                   const Data::Design::Aci318::StrengthReductionParameters& rule) {
-  if (bar.GetPreload().value != 0.0) return rule.prestressedYield;
-  const Data::Design::MaterialProperties& steel =
-      document.ReinforcementMaterial(bar.Grade()).Properties();
-  return steel.f_k / steel.E;
-}
-
 // Nominal squash load P_o [N], positive: everything at the concrete's failure strain. Infinite
 // without concrete, to which the code's cap does not apply. What is locked in is left out: the cap
 // is that of the section, by whatever stages it came about.
-double SquashLoad(CompiledSection compiled) {
+double SquashForce(CompiledSection compiled) {
   double limit = 0.0;
   for (const CompiledSection::Region& region : compiled.regions) {
     const Numeric::StressCurve& curve = compiled.curves[static_cast<std::size_t>(region.curve)];
@@ -135,9 +139,121 @@ double SquashLoad(CompiledSection compiled) {
   return -Numeric::Integrate(compiled, {-limit, 0.0, 0.0}).x;
 }
 
+// Gathers from a task what the codes' rules ask for.
+class TaskReduction {
+ public:
+  TaskReduction(const Data::CVelmoData& document, const Data::Velmo9::VelmoSection& section,
+                int iTask, const CompiledSection& compiled)
+      : document_(document),
+        section_(section),
+        task_(section.Task(iTask)),
+        custom_(task_.PhiFactors()),
+        compiled_(compiled) {}
+
+  StrengthReduction By(const Data::Design::Aci318::StrengthReductionParameters& rule) const {
+    const bool spiral = section_.Confinement() == Data::Confinement::spiral;
+    StrengthReduction reduction =
+        custom_
+            ? Custom()
+            : Linear(spiral ? rule.phiSpiral : rule.phiTied, rule.phiTension,
+                     [&](const Data::CBar& bar) {
+                       const double yield = YieldStrain(bar, rule.prestressedYield);
+                       return NetStrainFactor::Range{yield, TensionControlledStrain(rule, yield)};
+                     });
+    reduction.axialCap = (spiral ? rule.capSpiral : rule.capTied) * SquashForce(compiled_);
+    return reduction;
+  }
+
+  StrengthReduction By(const Data::Design::As3600::StrengthReductionParameters& rule) const {
+    const auto planes = std::make_shared<const CrushingPlanes>(compiled_);
+    NeutralAxisFactor factor(rule, planes, HasDuctileBars(rule.ductileStrain));
+    const double most = factor.Most();
+    StrengthReduction reduction =
+        custom_ ? Custom() : StrengthReduction{std::move(factor), rule.phiCompression, most};
+    if (planes->HasConcrete()) {
+      reduction.squashLine.emplace(
+          planes, SquashLoad(planes->Section(), SquashStresses(), rule.squashSteelStrain));
+    }
+    return reduction;
+  }
+
+ private:
+  template <class RangeOf>
+  StrengthReduction Linear(double phiCompression, double phiTension, RangeOf rangeOf) const {
+    NetStrainFactor factor{{}, phiCompression, phiTension};
+    ForEachBar([&](const Data::CBar& bar) { factor.ranges.push_back(rangeOf(bar)); });
+    return {std::move(factor), phiCompression, phiTension};
+  }
+
+  StrengthReduction Custom() const {
+    const NetStrainFactor::Range range{custom_->compressionStrain, custom_->tensionStrain};
+    return Linear(custom_->phiCompression, custom_->phiTension,
+                  [&](const Data::CBar&) { return range; });
+  }
+
+  // Components that the task includes, in the order of the compiled section.
+  template <class Visit>
+  void ForEachComponent(Visit visit) const {
+    int index = 0;
+    for (const Data::CSecComp& component : section_.Components()) {
+      if (task_.IncludesComponent(index++)) visit(component);
+    }
+  }
+
+  template <class Visit>
+  void ForEachBar(Visit visit) const {
+    ForEachComponent([&](const Data::CSecComp& component) {
+      if (!component.ConcreteExist()) return;
+      for (const Data::CBar& bar : component.Concrete().Bars()) visit(bar);
+    });
+  }
+
+  // Yield strain of a bar, or what the code has count in its place.
+  double YieldStrain(const Data::CBar& bar, double prestressed) const {
+    if (bar.GetPreload().value != 0.0) return prestressed;
+    const Data::Design::MaterialProperties& steel =
+        document_.ReinforcementMaterial(bar.Grade()).Properties();
+    return steel.f_k / steel.E;
+  }
+
+  bool HasDuctileBars(double strain) const {
+    bool isDuctile = true;
+    ForEachBar([&](const Data::CBar& bar) {
+      const auto& curve = document_.ReinforcementMaterial(bar.Grade()).Curve(LoadState::ULS);
+      isDuctile = isDuctile && curve.TensionLimit() >= strain;
+    });
+    return isDuctile;
+  }
+
+  // Stress of the concretes at the squash load [Pa], 0 elsewhere, for each curve of the section:
+  // these stand in the order in which the components first name their grades.
+  std::vector<double> SquashStresses() const {
+    std::vector<double> stresses(compiled_.curves.size(), 0.0);
+    std::vector<std::pair<MatType, int>> grades;
+    ForEachComponent([&](const Data::CSecComp& component) {
+      const std::pair grade(component.MaterialType(), component.MaterialGrade());
+      if (std::find(grades.begin(), grades.end(), grade) != grades.end()) return;
+      if (grade.first == MatType::concrete) {
+        const Data::Design::MaterialProperties& concrete =
+            document_.getMaterials()->Grade(grade.first, grade.second).Properties();
+        stresses[grades.size()] =
+            Data::Design::As3600::SquashStress(concrete.f_k) * concrete.f_k / concrete.gamma;
+      }
+      grades.push_back(grade);
+    });
+    return stresses;
+  }
+
+  const Data::CVelmoData& document_;
+  const Data::Velmo9::VelmoSection& section_;
+  const AnalysisTask& task_;
+  const std::optional<CustomPhi>& custom_;
+  const CompiledSection& compiled_;
+};
+
 }  // namespace
 
-double StrengthReduction::Phi(const CompiledSection& section, const Plane& failure) const {
+double NetStrainFactor::Phi(const CompiledSection& section, const Plane& failure) const {
   double strain = -std::numeric_limits<double>::infinity();
   std::size_t extreme = 0;
   for (std::size_t i = 0; i < section.points.size(); ++i) {
@@ -157,36 +273,23 @@ double StrengthReduction::Phi(const CompiledSection& section, const Plane& failu
   return phiCompression + part * (phiTension - phiCompression);
 }
 
+double StrengthReduction::Phi(const CompiledSection& section, const Plane& failure) const {
+  return std::visit([&](const auto& rule) { return rule.Phi(section, failure); }, factor);
+}
+
+double StrengthReduction::LineFactor(const CompiledSection& section, const Plane& failure) const {
+  if (!squashLine) return 1.0;
+  return squashLine->FactorOn({{}, Numeric::Integrate(section, failure)}, &failure).value_or(1.0);
+}
+
 std::optional<StrengthReduction> StrengthReductionOf(const Data::CVelmoData& document,
                                                      const Data::Velmo9::VelmoSection& section,
                                                      int iTask, const CompiledSection& compiled) {
   const auto code = document.concreteCode();
   if (!code.IsStrengthReduction()) return std::nullopt;
-  const auto* rule = std::get_if<Data::Design::Aci318::StrengthReductionParameters>(
-      &*code.Data().strengthReduction);
-  if (rule == nullptr) return std::nullopt;
-  const AnalysisTask& task = section.Task(iTask);
-  const std::optional<CustomPhi>& custom = task.PhiFactors();
-  const bool spiral = section.Confinement() == Data::Confinement::spiral;
-  StrengthReduction reduction;
-  reduction.phiCompression = custom   ? custom->phiCompression
-                             : spiral ? rule->phiSpiral
-                                      : rule->phiTied;
-  reduction.phiTension = custom ? custom->phiTension : rule->phiTension;
-  reduction.axialCap = (spiral ? rule->capSpiral : rule->capTied) * SquashLoad(compiled);
-  int index = 0;
-  for (const Data::CSecComp& component : section.Components()) {
-    if (!task.IncludesComponent(index++) || !component.ConcreteExist()) continue;
-    for (const Data::CBar& bar : component.Concrete().Bars()) {
-      if (custom) {
-        reduction.ranges.push_back({custom->compressionStrain, custom->tensionStrain});
-      } else {
-        const double yield = YieldStrain(document, bar, *rule);
-        reduction.ranges.push_back({yield, TensionControlledStrain(*rule, yield)});
-      }
-    }
-  }
-  return reduction;
+  const TaskReduction task(document, section, iTask, compiled);
+  return std::visit([&](const auto& rule) { return task.By(rule); },
+                    *code.Data().strengthReduction);
 }
 
 std::optional<double> ReducedMomentFactor(const CompiledSection& section,

@@ -2,18 +2,21 @@
 
 #include <limits>
 #include <optional>
+#include <variant>
 #include <vector>
 
 #include "model/oxnumeric/section/CompiledSection.h"
 #include "model/oxnumeric/section/failure.h"
 #include "model/vldata/document/CVelmoData.h"
+#include "model/vlsol/neutral_axis_factor.h"
+#include "model/vlsol/squash_line.h"
 
 namespace Orlix::VlSol {
 
-/// Strength reduction of a task, ready for the search: phi rises in a straight line with the net
-/// tensile strain of the extreme tension bar at nominal failure, and the axial force is capped.
-/// Source: ACI 318-14 and -19, 21.2.2 and 22.4.2.1.
-struct StrengthReduction {
+/// phi that rises in a straight line with the net tensile strain of the extreme tension bar at
+/// nominal failure.
+/// Source: ACI 318-14 and -19, 21.2.2; the task's own factors under any code.
+struct NetStrainFactor {
   /// Strains between which phi rises, for each point area of the compiled section.
   struct Range {
     double compression{};  ///< compression-controlled up to this strain
@@ -22,11 +25,27 @@ struct StrengthReduction {
   std::vector<Range> ranges;
   double phiCompression{1.0};
   double phiTension{1.0};
-  /// Largest nominal compression, positive [N].
-  double axialCap{std::numeric_limits<double>::infinity()};
 
   /// phi of a nominal failure plane about the section's centre; phiCompression without bars.
   double Phi(const Numeric::CompiledSection& section, const Numeric::Plane& failure) const;
+};
+
+/// Strength reduction of a task, ready for the search: phi of a nominal failure by the code's rule,
+/// and what else the code does to the nominal capacity in compression.
+struct StrengthReduction {
+  std::variant<NetStrainFactor, NeutralAxisFactor> factor;
+  double phiCompression{1.0};  ///< least phi: of governing compression
+  double phiTension{1.0};      ///< largest phi
+  /// Largest nominal compression, positive [N].
+  double axialCap{std::numeric_limits<double>::infinity()};
+  /// In the place of the strain-limited capacity where the concrete is in compression throughout.
+  std::optional<SquashLine> squashLine{};
+
+  /// phi of a nominal failure plane about the section's centre.
+  double Phi(const Numeric::CompiledSection& section, const Numeric::Plane& failure) const;
+  /// The load that the code gives a failure plane over the one that its stresses make up; other
+  /// than 1 on the squash line alone.
+  double LineFactor(const Numeric::CompiledSection& section, const Numeric::Plane& failure) const;
 };
 
 /// The strength reduction of a task; nothing under a code with partial factors.

@@ -65,21 +65,25 @@ double MomentRatio(const CompiledSection& section, const Resultant& load,
 }
 
 // Load utilisation, M/Mu, reduction factor and failure point of a load.
-void FindCapacity(const CompiledSection& section, const Resultant& load,
-                  const Numeric::PathPoint& start, const StrengthReduction* reduction,
-                  UlsCaseSolution& solution) {
+// @return the design load over that which the stresses of a plane make up
+double FindCapacity(const CompiledSection& section, const Resultant& load,
+                    const Numeric::PathPoint& start, const StrengthReduction* reduction,
+                    UlsCaseSolution& solution) {
   const FailurePoint nominal = NominalFailure(section, section.LoadToLocal(load), start, reduction);
+  double factor = 1.0;
   if (nominal.found && reduction != nullptr) {
     solution.reductionFactor = reduction->Phi(section, nominal.plane);
+    factor = solution.reductionFactor * reduction->LineFactor(section, nominal.plane);
   }
-  if (nominal.found && solution.reductionFactor > 0.0) {
-    const double lambda = solution.reductionFactor * nominal.lambda;
+  if (nominal.found && factor > 0.0) {
+    const double lambda = factor * nominal.lambda;
     solution.loadUtilisation = 1.0 / lambda;
     solution.loadAtFailure = lambda * load;
     solution.deformationAtFailure = ReportedPlane(section, nominal.plane);
     solution.limitIsCap = nominal.limitIsCap;
   }
   solution.momentRatio = MomentRatio(section, load, start, reduction, solution.loadUtilisation);
+  return factor;
 }
 
 UlsCaseSolution Unsolved(const Vec3<double>& input) {
@@ -103,9 +107,12 @@ UlsCaseSolution SolveUlsLoad(const CompiledSection& section, const Vec3<double>&
   if (isLoaded && reduction != nullptr) options.sharpest = Numeric::CurveForm::ramp;
   Numeric::EquilibriumResult equilibrium =
       Numeric::SolveEquilibrium(section, section.LoadToLocal(load), nullptr, options);
-  if (isLoaded) FindCapacity(section, load, StartOf(section, equilibrium), reduction, solution);
+  double factor = 1.0;
+  if (isLoaded) {
+    factor = FindCapacity(section, load, StartOf(section, equilibrium), reduction, solution);
+  }
   if (isLoaded && reduction != nullptr) {
-    const Resultant nominal = section.LoadToLocal((1.0 / solution.reductionFactor) * load);
+    const Resultant nominal = section.LoadToLocal((1.0 / factor) * load);
     if (IsFinite(nominal)) {
       equilibrium = Numeric::SolveEquilibrium(section, nominal, &equilibrium.plane);
     } else {  // a factor of zero: nothing is carried
@@ -147,22 +154,23 @@ UlsCaseSolution SolveUlsDeformation(const CompiledSection& section, const Vec3<d
   const bool hasFailure = gauge > 0.0 && std::isfinite(gauge);
   const Plane failing = hasFailure ? (1.0 / gauge) * local : local;
   const double phi = reduction != nullptr ? reduction->Phi(section, failing) : 1.0;
+  const double factor = reduction != nullptr ? phi * reduction->LineFactor(section, failing) : 1.0;
   solution.deformationUtilisation = gauge;
-  solution.load = phi * section.LoadToOrigin(Numeric::Integrate(section, local));
+  solution.load = factor * section.LoadToOrigin(Numeric::Integrate(section, local));
   solution.carried = gauge <= 1.0 + kStatusMargin;
   const double size = Numeric::ScaledNorm(section, solution.load);
   if (size <= kNegligible * section.squash) {
     solution.loadUtilisation = solution.momentRatio = 0.0;
   } else {
-    // The plane carries the load over phi: that point of the path is where the search begins.
-    FindCapacity(section, solution.load, {1.0 / phi, local, gauge}, reduction, solution);
+    // The plane carries the load over the factor: there the search begins on the path.
+    FindCapacity(section, solution.load, {1.0 / factor, local, gauge}, reduction, solution);
   }
   solution.reductionFactor = phi;
   solution.loadAtFailure = solution.deformationAtFailure = {};
   solution.limitIsCap = false;
   if (hasFailure) {
     solution.deformationAtFailure = section.ToOrigin(failing);
-    solution.loadAtFailure = phi * section.LoadToOrigin(Numeric::Integrate(section, failing));
+    solution.loadAtFailure = factor * section.LoadToOrigin(Numeric::Integrate(section, failing));
     solution.limitIsCap = Numeric::GaugeOf(section, failing).limitIsCap;
   }
   return solution;

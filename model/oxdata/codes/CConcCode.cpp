@@ -6,6 +6,7 @@
 #include <string>
 
 #include "model/oxdata/codes/aci318/aci318.h"
+#include "model/oxdata/codes/as3600/as3600.h"
 #include "model/oxdata/codes/bs8110/bs8110.h"
 #include "model/oxdata/codes/csaA23/csaA23.h"
 #include "model/oxdata/codes/en1992/en1992.h"
@@ -42,6 +43,7 @@ constexpr Entry kEntries[] = {
     {{ConcCode::hongKong_2013, CCountry::Code::none, "HK CoP 2013", ""}, HongKong::MakeData},
     {{ConcCode::is456_2000, CCountry::Code::none, "IS 456:2000", ""}, Is456::MakeData},
     {{ConcCode::csaA23_2014, CCountry::Code::none, "CSA A23.3-14", ""}, CsaA23::MakeData},
+    {{ConcCode::as3600_2018, CCountry::Code::none, "AS 3600:2018", ""}, As3600::MakeData},
 };
 
 }  // namespace

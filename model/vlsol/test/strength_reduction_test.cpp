@@ -198,6 +198,9 @@ TEST(StrengthReduction, MomentRatioHoldsTheDesignAxialForce) {
           document.Solve(LoadAction::load, {axial, moment.x / ratio, moment.y / ratio}));
     }
   }
+  // A tension that only the phi of tension control lets the section carry.
+  const double ratio = document.Solve(LoadAction::load, {1e6, -1e4, 0.0}).MomentRatio();
+  ExpectAtTheLimit(document.Solve(LoadAction::load, {1e6, -1e4 / ratio, 0.0}));
 }
 
 TEST(StrengthReduction, ConstantFactorsScaleTheCapacity) {
