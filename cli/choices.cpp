@@ -1,7 +1,5 @@
 #include "cli/choices.h"
 
-#include <rapidjson/document.h>
-
 #include "cli/commands.h"
 #include "model/oxutil/text.h"
 #include "model/vldata/document/unit_keys.h"
@@ -25,28 +23,6 @@ std::string Joined(const std::vector<std::string>& words) {
   std::string text;
   for (const std::string& word : words) text += (text.empty() ? "" : ", ") + word;
   return text;
-}
-
-const Data::Design::CodeChoice& FindCode(const std::string& code, const std::string& annex) {
-  std::vector<std::string> known;
-  for (const Data::Design::CodeChoice& choice : Data::Design::KnownCodes()) {
-    if ((code.empty() || choice.name == code) && (annex.empty() || choice.annex == annex)) {
-      return choice;
-    }
-    known.push_back(std::string(choice.name) +
-                    (choice.annex.empty() ? "" : " (" + std::string(choice.annex) + ")"));
-  }
-  throw CommandError((code.empty() ? "" : "code \"" + code + "\" ") +
-                     (annex.empty() ? "" : "with annex \"" + annex + "\" ") +
-                     "is not known; codes and annexes: " + Joined(known));
-}
-
-void SetCode(VelmoApp& app, const Data::Design::CodeChoice& choice) {
-  Util::JsonDocument json(rapidjson::kObjectType);
-  auto& allocator = json.GetAllocator();
-  json.AddMember("concrete", std::string(choice.name), allocator);
-  if (!choice.annex.empty()) json.AddMember("annex", std::string(choice.annex), allocator);
-  app.setCodes(json);
 }
 
 Data::CUnit UnitsFrom(const std::vector<std::string>& items, Data::CUnit units) {

@@ -4,20 +4,12 @@
 #include <vector>
 
 #include "app/VelmoApp.h"
-#include "model/oxdata/codes/CConcCode.h"
 #include "model/oxutil/Enumerations.h"
 
 namespace Orlix::Cli {
 
 /// "one, two, three".
 std::string Joined(const std::vector<std::string>& words);
-
-/// The first code with that name and annex; an empty text fits all.
-/// @throws CommandError that lists the codes when none fits.
-const Data::Design::CodeChoice& FindCode(const std::string& code, const std::string& annex);
-
-/// Gives the document a code.
-void SetCode(VelmoApp& app, const Data::Design::CodeChoice& choice);
 
 /// Display units with some of them changed.
 /// @param items  "force=kN" and the like

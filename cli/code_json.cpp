@@ -7,6 +7,7 @@
 #include "cli/curve_points.h"
 #include "model/oxutil/text.h"
 #include "model/vldata/document/standard_grades.h"
+#include "model/vldata/json/annex_json.h"
 #include "model/vldata/json/json_values.h"
 #include "model/vldata/json/materials_json.h"
 
@@ -24,10 +25,11 @@ using Data::Design::CodeChoice;
 using Data::Design::CodeConstant;
 using Data::Design::ConstantSource;
 
-void AddHeading(const CodeChoice& choice, const CConcCode& code, Util::JsonValue& object,
-                Util::JsonAllocator& allocator) {
-  AddText(object, "concrete", choice.name, allocator);
-  if (!choice.annex.empty()) AddText(object, "annex", choice.annex, allocator);
+void AddHeading(const CConcCode& code, Util::JsonValue& object, Util::JsonAllocator& allocator) {
+  AddText(object, "concrete", std::string_view(code.Data().name), allocator);
+  if (const auto& annex = code.Data().nationalAnnex) {
+    AddText(object, "annex", std::string_view(annex->name), allocator);
+  }
   AddFlag(object, "strengthReduction", code.IsStrengthReduction(), allocator);
 }
 
@@ -78,7 +80,7 @@ void CodesToJson(Util::JsonDocument& json) {
     const CConcCode code(choice.code, choice.country);
     const auto& constants = code.Data().constants;
     Util::JsonValue object(rapidjson::kObjectType);
-    AddHeading(choice, code, object, allocator);
+    AddHeading(code, object, allocator);
     AddNumber(object, "constants", static_cast<double>(constants.size()), allocator);
     AddNumber(object, "compared", CountConstants(code.Data(), ConstantSource::compared), allocator);
     AddNumber(object, "doubtful", CountConstants(code.Data(), ConstantSource::doubtful), allocator);
@@ -87,13 +89,17 @@ void CodesToJson(Util::JsonDocument& json) {
   AddMember(json, "codes", list, allocator);
 }
 
-void CodeToJson(const CodeChoice& choice, const std::optional<std::string>& grade,
+void CodeToJson(const CConcCode& code, const std::optional<std::string>& grade,
                 Util::JsonDocument& json) {
-  const CConcCode code(choice.code, choice.country);
   json.SetObject();
   auto& allocator = json.GetAllocator();
-  AddHeading(choice, code, json, allocator);
-  Util::JsonValue part = ConstantsToJson(code, allocator);
+  AddHeading(code, json, allocator);
+  Util::JsonValue part;
+  if (code.Data().nationalAnnex) {
+    part = Data::AnnexToJson(code.Data(), allocator);
+    AddMember(json, "nationalAnnex", part, allocator);
+  }
+  part = ConstantsToJson(code, allocator);
   AddMember(json, "constants", part, allocator);
   const auto materials = Data::StandardMaterials(code.Data());
   Util::JsonValue tables(rapidjson::kObjectType);

@@ -13,11 +13,12 @@ namespace Orlix::Cli {
 /// with the printed clause and are `doubtful`.
 void CodesToJson(Util::JsonDocument& json);
 
-/// Fills the object of one code, numbers SI: `concrete`, `annex`, `strengthReduction`, `constants`
+/// Fills the object of one code, numbers SI: `concrete`, `annex`, `strengthReduction`,
+/// `nationalAnnex` as a file of its own has it, `constants`
 /// (`symbol`, `value`, `unit`, `clause`, `source`: compared, secondary, doubtful, user) and
 /// `materials`, tables of grades as documents have them and with `f_d`.
 /// @param grade  its points of the curves are added: `curves`, a list of the grades of that name
-void CodeToJson(const Data::Design::CodeChoice& choice, const std::optional<std::string>& grade,
+void CodeToJson(const Data::Design::CConcCode& code, const std::optional<std::string>& grade,
                 Util::JsonDocument& json);
 
 }  // namespace Orlix::Cli

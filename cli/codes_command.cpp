@@ -11,6 +11,7 @@
 #include "cli/UnitText.h"
 #include "cli/choices.h"
 #include "cli/code_json.h"
+#include "cli/code_option.h"
 #include "cli/commands.h"
 #include "cli/curve_points.h"
 #include "cli/option_checks.h"
@@ -42,11 +43,13 @@ struct Arguments {
 constexpr const char* kExample = R"(Examples:
   velmo codes
   velmo codes "EN 1992-1-1:2004" --annex UK
+  velmo codes "EN 1992-1-1:2004" --annex office.json
   velmo codes "BS 8110-1:1997" --grade C40
 
 Without NAME the codes with their annexes; with it the code's constants, where they stand and
-whether they were compared with the printed clause, and its standard grades. f_d is alpha f_k/gamma. Curves
-count compression positive; a side without a strain limit ends beyond its last corner.)";
+whether they were compared with the printed clause, and its standard grades. f_d is
+alpha f_k/gamma. Curves count compression positive; a side without a strain limit ends beyond its
+last corner. docs/national-annex.md describes the file of an annex.)";
 
 // Six significant digits.
 std::string Plain(double value) {
@@ -179,12 +182,11 @@ std::vector<const CMat*> GradesNamed(const Materials& materials, const std::stri
   return found;
 }
 
-void PrintCode(const CodeChoice& choice, const Materials& materials,
+void PrintCode(const CConcCode& code, const Materials& materials,
                const std::vector<const CMat*>& curves) {
-  const CConcCode code(choice.code, choice.country);
   const UnitText units{Data::CUnit()};
-  std::cout << choice.name;
-  if (!choice.annex.empty()) std::cout << " (" << choice.annex << ')';
+  std::cout << code.Data().name;
+  if (!code.Data().annex.empty()) std::cout << " (" << code.Data().annex << ')';
   std::cout << "\n\n";
   PrintConstants(code, units);
   std::cout << '\n';
@@ -207,15 +209,15 @@ int Run(const Arguments& arguments) {
     }
     CodesToJson(json);
   } else {
-    const CodeChoice& choice = FindCode(arguments.code, arguments.annex);
-    const auto materials = Data::StandardMaterials(CConcCode(choice.code, choice.country).Data());
+    const CConcCode code = CodeFor(arguments.code, arguments.annex);
+    const auto materials = Data::StandardMaterials(code.Data());
     std::vector<const CMat*> curves;
     if (arguments.grade) curves = GradesNamed(*materials, *arguments.grade);
     if (!arguments.json) {
-      PrintCode(choice, *materials, curves);
+      PrintCode(code, *materials, curves);
       return kDone;
     }
-    CodeToJson(choice, arguments.grade, json);
+    CodeToJson(code, arguments.grade, json);
   }
   std::cout << Util::PrettyJson(json) << '\n';
   return kDone;
@@ -231,7 +233,7 @@ void AddCodesCommand(CLI::App& program, int& exitCode) {
   command->add_option("NAME", arguments->code, "Design code, e.g. \"ACI 318-19\"")->check(NotEmpty);
   command
       ->add_option("--annex", arguments->annex,
-                   "National annex, e.g. UK; the code's first one without it")
+                   "National annex, e.g. UK, or the JSON file of one; the code's first without it")
       ->check(NotEmpty);
   command->add_option("--grade", arguments->grade, "Also the points of this grade's curves")
       ->check(NotEmpty);

@@ -9,6 +9,7 @@
 
 #include "bridge/drawing_section.h"
 #include "cli/choices.h"
+#include "cli/code_option.h"
 #include "cli/commands.h"
 #include "cli/documents.h"
 #include "cli/option_checks.h"
@@ -38,13 +39,13 @@ VelmoApp DocumentFor(const DxfSectionArguments& arguments) {
   VelmoApp app;
   if (isThere) app = OpenForEdit(arguments.document);
   if (arguments.code.empty() && arguments.annex.empty()) return app;
-  const Data::Design::CodeChoice& choice = FindCode(arguments.code, arguments.annex);
+  const Data::Design::CConcCode asked = CodeFor(arguments.code, arguments.annex);
   if (!isThere) {
-    SetCode(app, choice);
+    SetCode(app, asked);
     return app;
   }
-  const Data::Design::CConcCodeData& own = app.pData()->concreteCode().Data();
-  if (own.code != choice.code || (!arguments.annex.empty() && own.country != choice.country)) {
+  const Data::Design::CConcCode& own = app.pData()->concreteCode();
+  if (own.Data().code != asked.Data().code || (!arguments.annex.empty() && !AreEqual(own, asked))) {
     throw CommandError(arguments.document + ": its code is " + CodeText(*app.pData()) +
                        "; leave --code and --annex out to keep it");
   }
@@ -69,7 +70,7 @@ CLI::Option* AddDxfSectionOptions(CLI::App& command, DxfSectionArguments& argume
   };
   add("--name", arguments.name, "Name of the section; the file's without it");
   add("--code", arguments.code, "Design code of a document that is made");
-  add("--annex", arguments.annex, "National annex of a document that is made");
+  add("--annex", arguments.annex, "National annex of a document that is made, or its JSON file");
   add("--grade", arguments.concrete, "Concrete grade; C30/37 or like it without it");
   add("--rebar", arguments.reinforcement, "Reinforcement grade; B500B or like it without it");
   add("--bars", arguments.barSizes, "Table of bar sizes; the code's country's without it")

@@ -7,6 +7,7 @@
 
 #include "app/VelmoApp.h"
 #include "cli/choices.h"
+#include "cli/code_option.h"
 #include "cli/commands.h"
 #include "cli/documents.h"
 #include "cli/option_checks.h"
@@ -39,7 +40,7 @@ int Run(const Arguments& arguments) {
   }
   VelmoApp app;
   app.New(cstr(arguments.title), UnitsFrom(arguments.units, {}));
-  SetCode(app, FindCode(arguments.code, arguments.annex));
+  SetCode(app, CodeFor(arguments.code, arguments.annex));
   if (!arguments.section.empty()) {
     AddTemplate(*app.pData(), arguments.section,
                 FindGrade(app, MatType::concrete, arguments.concrete),
@@ -66,7 +67,7 @@ void AddNewCommand(CLI::App& program, int& exitCode) {
       ->check(NotEmpty);
   command
       ->add_option("--annex", arguments->annex,
-                   "National annex, e.g. UK; the code's first one without it")
+                   "National annex, e.g. UK, or the JSON file of one; the code's first without it")
       ->check(NotEmpty);
   command
       ->add_option("--concrete", arguments->concrete,

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "cli/choices.h"
+#include "cli/code_option.h"
 #include "cli/commands.h"
 #include "cli/documents.h"
 #include "cli/json_input.h"
@@ -36,9 +37,11 @@ struct Arguments {
 constexpr const char* kExample = R"(Examples:
   velmo set column.json --title "Harbour bridge" --part "Pier 3" --units force=MN,stress=MPa
   velmo set column.json --code "EN 1992-1-1:2004" --annex UK
+  velmo set column.json --annex office.json
   echo '{"type": "concrete", "name": "C30/37", "gamma": 1.2}' | velmo set column.json --grade -
 
-What is not mentioned stays. Standard grades follow the code; edited ones stay as they are. A grade
+What is not mentioned stays. Standard grades follow the code; edited ones stay as they are, and each
+that changes or stays is listed. A grade
 is an object with "type", "name" and the members of a document's material table that change; one of
 a new name is added. Changed are display units, not numbers: those in the document are always SI.
 Something wrong changes nothing.)";
@@ -56,11 +59,8 @@ void SetTitles(Data::CVelmoData& document, const Arguments& arguments) {
 void ChangeCode(VelmoApp& app, const Arguments& arguments) {
   const std::string present = app.pData()->CodePointer()->name;
   if (arguments.code == present && arguments.annex.empty()) return;  // its annex stays
-  SetCode(app, FindCode(arguments.code.empty() ? present : arguments.code, arguments.annex));
-  // What stands there is no failure: grades in use that the new code does not know.
-  for (const Data::ReadProblem& problem : app.pData()->ReadProblems()) {
-    std::cerr << ProblemText(problem) << "; the grade stays as it is\n";
-  }
+  SetCode(app, CodeFor(arguments.code.empty() ? present : arguments.code, arguments.annex));
+  PrintGradeChanges(*app.pData(), std::cout);
 }
 
 // Through the facade, which sees to the lengths of bar descriptions that have no unit.
@@ -119,7 +119,9 @@ void AddSetCommand(CLI::App& program, int& exitCode) {
       ->delimiter(',');
   command->add_option("--code", arguments->code, "Design code, e.g. \"ACI 318-19\"")
       ->check(NotEmpty);
-  command->add_option("--annex", arguments->annex, "National annex, e.g. UK")->check(NotEmpty);
+  command
+      ->add_option("--annex", arguments->annex, "National annex, e.g. UK, or the JSON file of one")
+      ->check(NotEmpty);
   command
       ->add_option("--grade", arguments->grade,
                    "JSON file of a grade to change or add; standard input for -")

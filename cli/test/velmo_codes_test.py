@@ -6,6 +6,7 @@ usage: velmo_codes_test.py VELMO
 
 import json
 import os
+import pathlib
 import subprocess
 import sys
 import tempfile
@@ -49,6 +50,28 @@ class Codes(unittest.TestCase):
         self.assertEqual(uls, sorted(uls))
         text = self.run_velmo("codes", "ACI 318-19", "--grade", "Grade 60").stdout
         self.assertIn("Grade 60 at ULS", text)
+
+    def test_an_annex_file_is_printed_and_goes_into_documents_with_its_grades(self):
+        page = pathlib.Path(__file__).resolve().parents[2] / "docs" / "national-annex.md"
+        text = page.read_text(encoding="utf-8").split("```json")[1].split("```")[0]
+        with tempfile.TemporaryDirectory() as folder:
+            file, made, changed = (os.path.join(folder, n) for n in ("a.json", "b.json", "c.json"))
+            pathlib.Path(file).write_text(text, encoding="utf-8")
+            shown = self.run_velmo("codes", "EN 1992-1-1:2004", "--annex", file).stdout
+            self.assertIn("Office manual, 4.2", shown)
+            self.run_velmo("new", made, "--template", "rectangle", "--annex", file)
+            self.run_velmo("new", changed, "--template", "rectangle")
+            said = self.run_velmo("set", changed, "--annex", file).stdout
+            self.assertIn("concrete, takes the new code's values: C12/15, ", said)
+            self.assertNotIn("reinforcement", said)  # gamma_s is what it was
+            os.remove(file)
+            documents = [json.loads(pathlib.Path(d).read_text(encoding="utf-8"))
+                         for d in (made, changed)]
+            for part in ("codes", "materials", "sections"):
+                self.assertEqual(documents[0][part], documents[1][part])
+            self.run_velmo("validate", made)
+            said = self.run_velmo("set", made, "--code", "BS 8110-1:1997").stdout
+            self.assertIn("in use, and the new code does not know it: C30/37", said)
 
     def test_what_is_not_known_is_said_with_what_is(self):
         self.assertIn("ACI 318-19", self.run_velmo("codes", "ACI", status=2).stderr)

@@ -55,8 +55,9 @@ void AddChoices(const NationalAnnex& annex, ConstantSource source,
                 std::vector<CodeConstant>& constants) {
   for (const AnnexParameter& p : Parameters()) {
     const AnnexChoice& choice = ChoiceFor(annex, p.name);
+    const bool isRecommended = choice.number == p.recommended && choice.source == p.clause;
     CodeConstant constant{choice.parameter, choice.number, choice.source, std::string(p.unit),
-                          source};
+                          isRecommended ? ConstantSource::secondary : source};
     if (choice.IsRule()) {
       constant.symbol += ": " + choice.rule;
       constant.value = p.recommended;
