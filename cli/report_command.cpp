@@ -7,13 +7,13 @@
 #include <string>
 #include <vector>
 
-#include "cli/AtomicFile.h"
 #include "cli/commands.h"
 #include "cli/documents.h"
 #include "cli/number_list.h"
 #include "cli/option_checks.h"
 #include "cli/report_outputs.h"
 #include "cli/solve_task.h"
+#include "model/oxutil/AtomicFile.h"
 #include "reports/csv/CsvBuilder.h"
 
 namespace Orlix::Cli {
@@ -75,12 +75,12 @@ bool Holds(const std::filesystem::path& path, const std::vector<std::string>& li
 
 void Write(const Velmo::CsvBuilder& builder, const std::vector<std::string>& lines,
            const std::string& out) {
-  AtomicFile file(out);
-  if (file.Temporary().empty()) {  // a device or a pipe cannot be read back; its stream tells
+  Util::AtomicFile file(out);
+  if (!file.IsReadable()) {  // the stream of a device or a pipe tells what went wrong
     for (const std::string& line : lines) file.Stream() << line << '\n';
   } else {
-    builder.SaveFile(file.Temporary());
-    if (!Holds(file.Temporary(), lines)) {
+    builder.SaveFile(file.Place());
+    if (!Holds(file.Place(), lines)) {
       throw CommandError(out + ": could not be written whole; is the disk full?");
     }
   }

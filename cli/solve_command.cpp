@@ -9,7 +9,6 @@
 #include <string>
 #include <vector>
 
-#include "cli/AtomicFile.h"
 #include "cli/case_details.h"
 #include "cli/commands.h"
 #include "cli/documents.h"
@@ -21,6 +20,7 @@
 #include "cli/solve_json.h"
 #include "cli/solve_table.h"
 #include "cli/solve_task.h"
+#include "model/oxutil/AtomicFile.h"
 #include "model/oxutil/text.h"
 
 namespace Orlix::Cli {
@@ -178,7 +178,7 @@ int Run(const Arguments& arguments) {
   VelmoApp app = OpenForUse(arguments.document);
   if (arguments.out.empty()) return SolveTo(app, arguments, std::cout).exitCode;
   CheckIsNotDocument(arguments.out, arguments.document);
-  AtomicFile file(arguments.out);
+  Util::AtomicFile file(arguments.out);
   const Outcome outcome = SolveTo(app, arguments, file.Stream());
   if (outcome.any) file.Commit();
   return outcome.exitCode;
