@@ -25,6 +25,7 @@ enum class KeySign {
   dashedCurve,
   point,
   load,
+  projectedLoad,
   governingLoad
 };
 

@@ -48,11 +48,11 @@ void DrawSteel(Canvas& canvas, std::span<const Ring> rings) {
 
 void DrawFrp(Canvas& canvas, std::span<const Ring> rings) { canvas.Fill(rings, 0.15); }
 
-void DrawLoad(Canvas& canvas, Spot at, bool isGoverning) {
-  constexpr double kArm = 1.0;
+void DrawLoad(Canvas& canvas, Spot at, bool isInPlane, bool isGoverning) {
   const Pen pen{isGoverning ? 0.4 : 0.25};
-  canvas.Line({at.x - kArm, at.y - kArm}, {at.x + kArm, at.y + kArm}, pen);
-  canvas.Line({at.x - kArm, at.y + kArm}, {at.x + kArm, at.y - kArm}, pen);
+  const Spot arm = isInPlane ? Spot{1.0, 1.0} : Spot{1.2, 0.0};
+  canvas.Line(at - arm, at + arm, pen);
+  canvas.Line(at - Spot{arm.y, -arm.x}, at + Spot{arm.y, -arm.x}, pen);
   if (isGoverning) canvas.Circle(at, 2.0, {0.4});
 }
 
@@ -91,9 +91,11 @@ void DrawKeySign(Canvas& canvas, const Box& box, KeySign sign) {
     case KeySign::point:
       return canvas.FillCircle(centre, 0.8, kBlack);
     case KeySign::load:
-      return DrawLoad(canvas, centre, false);
+      return DrawLoad(canvas, centre, true, false);
+    case KeySign::projectedLoad:
+      return DrawLoad(canvas, centre, false, false);
     case KeySign::governingLoad:
-      return DrawLoad(canvas, centre, true);
+      return DrawLoad(canvas, centre, true, true);
   }
 }
 

@@ -26,8 +26,8 @@ void DrawOrigin(Canvas& canvas, Spot at);
 void DrawSteel(Canvas& canvas, std::span<const Ring> rings);
 void DrawFrp(Canvas& canvas, std::span<const Ring> rings);
 
-/// A load in a diagram: a cross, the governing one in a circle.
-void DrawLoad(Canvas& canvas, Spot at, bool isGoverning);
+/// A load in a diagram: a cross, one that is projected upright, the governing one in a circle.
+void DrawLoad(Canvas& canvas, Spot at, bool isInPlane, bool isGoverning);
 
 /// A sign of a key in its box.
 void DrawKeySign(Canvas& canvas, const Box& box, KeySign sign);

@@ -7,6 +7,7 @@
 #include "plot/ProfileDrawing.h"
 #include "plot/SectionView.h"
 #include "plot/SheetFrame.h"
+#include "plot/problem_box.h"
 #include "plot/section_text.h"
 
 namespace Orlix::Plot {
@@ -14,36 +15,6 @@ namespace Orlix::Plot {
 namespace {
 
 constexpr double kPlanWidth = 136.0;  // of a sheet with strains and stresses [mm]
-
-// Why there are no strains, where they would stand.
-void DrawProblem(Canvas& canvas, const Box& box, const std::string& text) {
-  const TextStyle style{3.2, Align::left, true};
-  const double width = box.Width() - 24.0;
-  std::vector<std::string> lines(1);
-  std::string word;
-  for (const char c : text + " ") {
-    if (c != ' ') {
-      word += c;
-      continue;
-    }
-    const std::string longer = lines.back().empty() ? word : lines.back() + " " + word;
-    if (!lines.back().empty() && canvas.TextWidth(longer, style) > width) {
-      lines.push_back(word);
-    } else {
-      lines.back() = longer;
-    }
-    word.clear();
-  }
-  constexpr double kPitch = 5.5;
-  const double height = kPitch * static_cast<double>(lines.size()) + 6.0;
-  const double top = box.Centre().y - height / 2.0;
-  canvas.Rectangle({box.left + 6.0, top, box.right - 6.0, top + height}, {0.6});
-  double y = top + 7.0;
-  for (const std::string& line : lines) {
-    canvas.Text({box.left + 12.0, y}, line, style);
-    y += kPitch;
-  }
-}
 
 }  // namespace
 
@@ -66,7 +37,7 @@ std::string SectionPicture(const VelmoApp& app, int iSec, const std::optional<Pi
   if (view.state) {
     ProfileDrawing(view, units, plan.Place(), beside).Draw(canvas);
   } else if (ofCase) {
-    DrawProblem(canvas, beside, view.problem);
+    DrawProblemBox(canvas, beside, view.problem);
   }
   SheetFrame::Draw(canvas, title, text.Columns(), remark);
   return canvas.Finish();
