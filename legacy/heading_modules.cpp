@@ -26,7 +26,7 @@ struct CodeName {
   std::string_view annex;
 };
 
-constexpr std::array<CodeName, 9> kCodeNames = {{
+constexpr std::array<CodeName, 10> kCodeNames = {{
     {"EC2_04", "EN 1992-1-1:2004", "recommended"},
     {"EC2_GB_04", "EN 1992-1-1:2004", "UK"},
     {"ACI318_14", "ACI 318-14", ""},
@@ -36,6 +36,7 @@ constexpr std::array<CodeName, 9> kCodeNames = {{
     {"HKCP_13", "HK CoP 2013", ""},
     {"IS456_00", "IS 456:2000", ""},
     {"CSA_14", "CSA A23.3-14", ""},
+    {"AS3600_18", "AS 3600:2018", ""},
 }};
 
 const CodeChoice* FindCode(std::string_view inFile) {
