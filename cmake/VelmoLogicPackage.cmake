@@ -65,6 +65,7 @@ install(FILES ${CMAKE_CURRENT_BINARY_DIR}/VelmoLogicConfig.cmake
   ${CMAKE_CURRENT_BINARY_DIR}/VelmoLogicConfigVersion.cmake
   DESTINATION ${package_folder})
 
+file(RELATIVE_PATH pc_to_prefix /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
 set(pc_private_libs "-lgeos_c ${OpenMP_CXX_FLAGS}")
 configure_file(cmake/velmologic.pc.in velmologic.pc @ONLY)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/velmologic.pc

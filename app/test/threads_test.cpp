@@ -33,8 +33,9 @@ VelmoApp SolvedColumn() {
 std::string Records(const VelmoApp& app) {
   std::string text;
   for (int i = 0; i < kCases; ++i) {
-    const auto uls = app.CaseULSDetails(0, 0, i, {}, true);
-    const auto sls = app.CaseSLSDetails(0, 0, i, {}, true);
+    const auto uls = app.CaseULSDetails(0, 0, i, Data::Velmo9::UlsOutputOptions(true), true);
+    const auto sls = app.CaseSLSDetails(0, 0, i, Data::Velmo9::SlsOutputOptions(true), true);
+    EXPECT_EQ(uls.loadUtilisation > 0.0, i > 0);
     text += std::to_string(uls.loadUtilisation) + ' ' + std::to_string(uls.momentRatio) + ' ' +
             std::to_string(sls.crackWidth) + '\n';
   }

@@ -36,8 +36,9 @@ int main() {
     return 1;
   }
   app.SolveTask(section, 0);
+  const Data::Velmo9::UlsOutputOptions everything(true);
   for (int i = 0; i < section.Task(0).NumCases(); ++i) {
-    const Data::Velmo9::CaseULSDetails result = app.CaseULSDetails(0, 0, i, {}, false);
+    const Data::Velmo9::CaseULSDetails result = app.CaseULSDetails(0, 0, i, everything, false);
     std::printf("%-8s utilisation %.4f %s\n", section.Task(0).Cases()[i].name.c_str(),
                 result.loadUtilisation, result.status ? "carried" : "NOT CARRIED");
   }
