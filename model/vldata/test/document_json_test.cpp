@@ -173,7 +173,7 @@ TEST(Document, SaysWhatItCouldNotTakeOver) {
       {R"("codes": {"concrete": "EN 1"})",
        "codes.concrete: \"EN 1\", one of \"EN 1992-1-1:2004\", \"ACI 318-19\", \"ACI 318-14\", "
        "\"BS 8110-1:1997\", \"BS 8110-1:1997 Amd 3\", \"HK CoP 2013\", \"IS 456:2000\", \"CSA "
-       "A23.3-14\"\n"},
+       "A23.3-14\", \"AS 3600:2018\"\n"},
       {R"("codes": {"concrete": "ACI 318-19", "annex": "UK"})",
        "codes.annex: \"UK\", no annex for this code\n"},
       {R"("options": {"deductDisplacedConcrete": 1})",
