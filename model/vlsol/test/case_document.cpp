@@ -89,7 +89,7 @@ std::vector<SLSResult> CaseDocument::SolveSls(LoadAction action,
   const AnalysisTask& task = SolveTask(action, inputs, LoadState::SLS);
   std::vector<SLSResult> results;
   for (int i = 0; i < task.NumCases(); ++i) {
-    results.push_back(task.SLSResult(i, false, true, true));
+    results.push_back(task.SLSResult(i, true, true, true));
   }
   return results;
 }

@@ -17,8 +17,9 @@ ServiceBeam::ServiceBeam(CurveKind model) : document_(false) {
   steel_ = document_.AddMaterial(MatType::reinforcement, {kYield, kSteelModulus}, steel, steel);
 }
 
-ServiceBeam& ServiceBeam::Outline(std::vector<Vec2<double>> outline) {
-  document_.AddComponent(MatType::concrete, concrete_, {std::move(outline), {}});
+ServiceBeam& ServiceBeam::Outline(std::vector<Vec2<double>> outline,
+                                  std::vector<std::vector<Vec2<double>>> holes) {
+  document_.AddComponent(MatType::concrete, concrete_, {std::move(outline), std::move(holes)});
   return *this;
 }
 
@@ -26,8 +27,13 @@ ServiceBeam& ServiceBeam::Rectangle(double b, double h) {
   return Outline({{-b / 2, -h / 2}, {b / 2, -h / 2}, {b / 2, h / 2}, {-b / 2, h / 2}});
 }
 
-ServiceBeam& ServiceBeam::Bar(Vec2<double> position, double area, double prestrain) {
-  document_.AddBar(0, position, area, steel_, prestrain);
+ServiceBeam& ServiceBeam::Bar(Vec2<double> position, double area, double prestrain, int component) {
+  document_.AddBar(component, position, area, steel_, prestrain);
+  return *this;
+}
+
+ServiceBeam& ServiceBeam::Code(const wchar_t* name) {
+  document_.Document().SetCodes(name);
   return *this;
 }
 

@@ -19,10 +19,12 @@ class ServiceBeam {
 
   explicit ServiceBeam(Data::Design::CurveKind model);
 
-  ServiceBeam& Outline(std::vector<Vec2<double>> outline);
+  ServiceBeam& Outline(std::vector<Vec2<double>> outline,
+                       std::vector<std::vector<Vec2<double>>> holes = {});
   /// A rectangle about the origin. @param b, h  width and depth [m]
   ServiceBeam& Rectangle(double b, double h);
-  ServiceBeam& Bar(Vec2<double> position, double area, double prestrain = 0.0);
+  ServiceBeam& Bar(Vec2<double> position, double area, double prestrain = 0.0, int component = 0);
+  ServiceBeam& Code(const wchar_t* name);
   ServiceBeam& Creep(const Data::Velmo9::CreepSettings& creep);
 
   CaseDocument& Document() { return document_; }

@@ -103,6 +103,7 @@ TEST(Stages, StagesOfOneSectionEndInTheStateOfTheLastLoad) {
     CurveKind model;
     bool cracks;
     Vec3<double> loads[3];
+    const wchar_t* code = nullptr;  // that of the example
   } kCases[] = {
       {"circular-pier",
        CurveKind::interpolated,
@@ -120,10 +121,16 @@ TEST(Stages, StagesOfOneSectionEndInTheStateOfTheLastLoad) {
        CurveKind::bs8110Tension,
        true,
        {{0.0, -2e4, 0.0}, {0.0, -1e5, 1e4}, {0.0, -7e4, 0.0}}},
+      {"beam",
+       CurveKind::interpolated,
+       true,
+       {{0.0, -6e4, 0.0}, {0.0, -1e5, 1e4}, {0.0, -1.1e5, 0.0}},
+       L"BS 8110-1:1997"},
   };
   for (const auto& c : kCases) {
     SCOPED_TRACE(c.example);
     CVelmoData document = Example(c.example);
+    if (c.code != nullptr) document.SetCodes(c.code);
     VelmoSection& section = document.getSection(0);
     document.getMaterials()
         ->Grade(MatType::concrete, section.Components()[0].MaterialGrade())
@@ -140,7 +147,7 @@ TEST(Stages, StagesOfOneSectionEndInTheStateOfTheLastLoad) {
     }
     SolveAll(document);
     ASSERT_TRUE(section.Task(4).IsCaseAnalysed(0));
-    const auto sls = [&](int i) { return section.Task(i).SLSResult(0, false, true, true); };
+    const auto sls = [&](int i) { return section.Task(i).SLSResult(0, true, true, true); };
     const auto uls = [&](int i) { return section.Task(i).ULSResult(0, true); };
     EXPECT_EQ(sls(0).CrackingUtilisation() > 1.0, c.cracks);
     constexpr double kPlane = 1e-9;  // three equilibria to 1e-11 of 1e-3, over cracked stiffness
@@ -161,6 +168,10 @@ TEST(Stages, StagesOfOneSectionEndInTheStateOfTheLastLoad) {
       EXPECT_NEAR(uls(last).LoadUtilisation(), uls(0).LoadUtilisation(), 1e-8);
       EXPECT_NEAR(uls(last).ReductionFactor(), uls(0).ReductionFactor(), 1e-8);
       EXPECT_NEAR(sls(last).CrackingUtilisation(), sls(0).CrackingUtilisation(), 1e-8);
+      if (document.concreteCode().IsCrackWidthCode()) {
+        EXPECT_GT(sls(0).CrackWidth(), 0.0);
+        EXPECT_NEAR(sls(last).CrackWidth(), sls(0).CrackWidth(), 1e-8);
+      }
       const double zeta = sls(0).Response().zeta;
       if (std::isfinite(zeta)) {
         EXPECT_NEAR(sls(last).Response().zeta, zeta, 1e-8);
@@ -183,9 +194,12 @@ TEST(Stages, BarsAddedLaterTakeNoLockedInStrain) {
   EXPECT_NEAR(bar.displacedOffset, Deformation(locked).StrainAt({-0.1, -0.4375}), 1e-18);
 
   // A third stage that adds no load finds them as the second left them.
-  section.AddTask(section.Task(1)).SetPreloadFrom(PreloadReference{2, 2});
+  section.AddTask(section.Task(1)).SetPreloadFrom(PreloadReference{2, 4});
   SolveAll(document);
-  const auto third = section.Task(4).SLSResult(1, false, true, true).Response();
+  const auto third = section.Task(4).SLSResult(3, false, true, true).Response();
+  const double width = section.Task(1).SLSResult(3, true, true, true).CrackWidth();
+  EXPECT_GT(width, 0.0);
+  EXPECT_NEAR(section.Task(4).SLSResult(3, true, true, true).CrackWidth(), width, 1e-8 * width);
   for (const auto* state : {&third.uncracked, &third.cracked}) {
     // Equilibria to 1e-11 of 1e-3, over cracked stiffness.
     EXPECT_LE(Length(state->Deformation().Vector()), 1e-9);
