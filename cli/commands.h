@@ -37,6 +37,7 @@ void AddSolveCommand(CLI::App& program, int& exitCode);
 void AddDxfCommand(CLI::App& program, int& exitCode);
 void AddDiagramCommand(CLI::App& program, int& exitCode);
 void AddReportCommand(CLI::App& program, int& exitCode);
+void AddPlotCommand(CLI::App& program, int& exitCode);
 void AddClipboardCommand(CLI::App& program, int& exitCode);
 void AddCurveCommand(CLI::App& program, int& exitCode);
 void AddBenchCommand(CLI::App& program, int& exitCode);

@@ -36,6 +36,7 @@ int Run(int argc, char** argv) {
   Orlix::Cli::AddDxfCommand(program, exitCode);
   Orlix::Cli::AddDiagramCommand(program, exitCode);
   Orlix::Cli::AddReportCommand(program, exitCode);
+  Orlix::Cli::AddPlotCommand(program, exitCode);
   Orlix::Cli::AddClipboardCommand(program, exitCode);
   Orlix::Cli::AddCurveCommand(program, exitCode);
   Orlix::Cli::AddCodesCommand(program, exitCode);
