@@ -8,6 +8,7 @@
 #include <variant>
 
 #include "model/oxdata/codes/as3600/concrete.h"
+#include "model/oxnumeric/polygon.h"
 #include "model/oxnumeric/section/equilibrium.h"
 #include "model/oxnumeric/section/gauge.h"
 #include "model/oxnumeric/section/kernel.h"
@@ -139,6 +140,26 @@ double SquashForce(CompiledSection compiled) {
   return -Numeric::Integrate(compiled, {-limit, 0.0, 0.0}).x;
 }
 
+// Least width of what lies in a section, between parallel lines [m].
+double LeastDimension(const CompiledSection& compiled) {
+  std::vector<Vec2<double>> vertices;
+  for (const CompiledSection::Region& region : compiled.regions) {
+    vertices.insert(vertices.end(), region.hull.begin(), region.hull.end());
+  }
+  const std::vector<Vec2<double>> hull = Numeric::ConvexHull(vertices);
+  if (hull.size() < 3) return 0.0;
+  double least = std::numeric_limits<double>::infinity();
+  Vec2<double> from = hull.back();
+  for (const Vec2<double>& to : hull) {  // it lies against an edge
+    const Vec2<double> edge = to - from;
+    double width = 0.0;
+    for (const Vec2<double>& p : hull) width = std::max(width, Cross(edge, p - from));
+    least = std::min(least, width / std::hypot(edge.x, edge.y));
+    from = to;
+  }
+  return least;
+}
+
 // Gathers from a task what the codes' rules ask for.
 class TaskReduction {
  public:
@@ -161,6 +182,16 @@ class TaskReduction {
                        return NetStrainFactor::Range{yield, TensionControlledStrain(rule, yield)};
                      });
     reduction.axialCap = (spiral ? rule.capSpiral : rule.capTied) * SquashForce(compiled_);
+    return reduction;
+  }
+
+  // Factored materials: phi of the section is 1.
+  StrengthReduction By(const Data::Design::AxialCapRule& rule) const {
+    StrengthReduction reduction =
+        Linear(1.0, 1.0, [](const Data::CBar&) { return NetStrainFactor::Range{}; });
+    const bool spiral = section_.Confinement() == Data::Confinement::spiral;
+    reduction.axialCap =
+        AxialCapShare(rule, spiral, LeastDimension(compiled_)) * SquashForce(compiled_);
     return reduction;
   }
 
@@ -285,11 +316,11 @@ double StrengthReduction::LineFactor(const CompiledSection& section, const Plane
 std::optional<StrengthReduction> StrengthReductionOf(const Data::CVelmoData& document,
                                                      const Data::Velmo9::VelmoSection& section,
                                                      int iTask, const CompiledSection& compiled) {
-  const auto code = document.concreteCode();
-  if (!code.IsStrengthReduction()) return std::nullopt;
+  const Data::Design::CConcCodeData& code = document.concreteCode().Data();
+  if (!code.strengthReduction && !code.axialCap) return std::nullopt;
   const TaskReduction task(document, section, iTask, compiled);
-  return std::visit([&](const auto& rule) { return task.By(rule); },
-                    *code.Data().strengthReduction);
+  if (!code.strengthReduction) return task.By(*code.axialCap);
+  return std::visit([&](const auto& rule) { return task.By(rule); }, *code.strengthReduction);
 }
 
 std::optional<double> ReducedMomentFactor(const CompiledSection& section,

@@ -48,7 +48,8 @@ struct StrengthReduction {
   double LineFactor(const Numeric::CompiledSection& section, const Numeric::Plane& failure) const;
 };
 
-/// The strength reduction of a task; nothing under a code with partial factors.
+/// The strength reduction of a task; under partial factors phi is 1, and there is none without a
+/// cap on the axial resistance.
 /// @param compiled  the task's section at the ultimate limit state
 std::optional<StrengthReduction> StrengthReductionOf(const Data::CVelmoData& document,
                                                      const Data::Velmo9::VelmoSection& section,

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "model/oxdata/codes/AxialCapRule.h"
 #include "model/oxdata/codes/CrackWidthRule.h"
 #include "model/oxdata/codes/NationalAnnex.h"
 #include "model/oxdata/codes/StrengthReductionRule.h"
@@ -68,6 +69,7 @@ struct CConcCodeData {
   std::wstring usualReinforcement;             ///< likewise, of its bars
   /// Strength-reduction (phi) factors instead of partial factors; nothing: partial factors.
   std::optional<StrengthReductionRule> strengthReduction;
+  std::optional<AxialCapRule> axialCap;                ///< beside partial factors; nothing: no cap
   std::optional<CrackWidthRule> crackWidth;            ///< nothing: the code has no crack widths
   Util::BarSystem barSystem{Util::BarSystem::metric};  ///< bar sizes usual where the code applies
 };

@@ -16,6 +16,9 @@ constexpr double kPhiS = 0.85;
 constexpr double kPhiSteel = 0.90;
 constexpr double kModulusOfSteel = 200 * kGPa;
 
+/// P_r,max over P_ro, 10.10.4: ties (0.2 + 0.002 h) up to 0.80 with h in mm, spirals 0.90.
+constexpr AxialCapRule kAxialCap = {0.90, 0.2, 2.0, 0.80};
+
 std::vector<CodeConstant> Constants() {
   constexpr double kStrength = 30 * kMPa;
   return {
@@ -28,6 +31,12 @@ std::vector<CodeConstant> Constants() {
       {"E_c, f'c 30 MPa", Modulus(kStrength), "CSA A23.3-14, 8.6.2.3", "Pa"},
       {"f_r, f'c 30 MPa", ModulusOfRupture(kStrength), "CSA A23.3-14, 8.6.4", "Pa"},
       {"E_s", kModulusOfSteel, "CSA A23.3-14, 8.5.4.1", "Pa"},
+      {"P_r,max/P_ro, spirals", kAxialCap.spiral, "CSA A23.3-14, 10.10.4", "",
+       ConstantSource::doubtful},
+      {"P_r,max/P_ro, ties, h 300 mm and more", AxialCapShare(kAxialCap, false, 0.3),
+       "CSA A23.3-14, 10.10.4", "", ConstantSource::doubtful},
+      {"P_r,max/P_ro, ties, h 200 mm", AxialCapShare(kAxialCap, false, 0.2),
+       "CSA A23.3-14, 10.10.4", "", ConstantSource::doubtful},
       {"phi structural steel", kPhiSteel, "CSA S16-14, 13.1 a)"},
       {"E structural steel", kModulusOfSteel, "CSA S16-14, Symbols", "Pa",
        ConstantSource::doubtful},
@@ -69,6 +78,7 @@ CConcCodeData MakeData(CCountry::Code country) {
   data.steels = StructuralSteels(kSteels, kModulusOfSteel, 1.0 / kPhiSteel);
   data.usualConcrete = L"f'c 30 MPa";
   data.usualReinforcement = L"400W";
+  data.axialCap = kAxialCap;
   data.barSystem = Util::BarSystem::canadian;
   return data;
 }
