@@ -203,9 +203,10 @@ int Run(const std::string& path) {
       std::cout << ", reinforcement " << (known ? StringFrom(share) : "-")
                 << " % of the gross concrete";
     }
-    // Partial factors do not ask how bars are confined.
+    // Partial factors alone do not ask how bars are confined.
     const bool isSpiral = section.Confinement() == Data::Confinement::spiral;
-    if (isSpiral || document.concreteCode().IsStrengthReduction()) {
+    const Data::Design::ConcreteCode& code = document.concreteCode();
+    if (isSpiral || code.IsStrengthReduction() || code.Data().axialCap) {
       std::cout << ", confined by " << (isSpiral ? "a spiral" : "ties");
     }
     std::cout << '\n';
