@@ -195,10 +195,20 @@ class ClosedDiagram {
     for (const SlicePoint& p : curve_) diagram_.nominal.push_back(Nominal(p));
   }
 
+  // Where the code puts a line of its own in the place of the strain-limited capacity: its point
+  // over that of the slice, from the slice's origin.
+  double LineFactor(const SlicePoint& p) const {
+    const Vec3<double> origin = slice_->Load({});
+    const Vec3<double> load = slice_->Load(p.at);
+    if (reduction_ == nullptr || !reduction_->squashLine || load.x >= 0.0) return 1.0;
+    const Numeric::LoadPath path{section_.LoadToLocal(origin), section_.LoadToLocal(load - origin)};
+    return reduction_->squashLine->FactorOn(path, &p.plane).value_or(1.0);
+  }
+
   DiagramPoint Nominal(const SlicePoint& p) const {
     DiagramPoint point;
-    point.at = p.at;
-    point.load = slice_->Load(p.at);
+    point.at = LineFactor(p) * p.at;
+    point.load = slice_->Load(point.at);
     point.plane = ReportedPlane(section_, p.plane);
     point.reductionFactor = reduction_ != nullptr ? reduction_->Phi(section_, p.plane) : 1.0;
     point.strainUtilisation = p.strainUtilisation;

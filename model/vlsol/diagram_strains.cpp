@@ -51,6 +51,22 @@ double LargestStrain(const CompiledSection::Region& region, const Plane& plane) 
   return largest;
 }
 
+// Steel, not concrete.
+bool IsAsStrongInTension(const StressCurve& curve) {
+  double most = 0.0;
+  double least = 0.0;
+  for (std::size_t i = 0; i < curve.exact.size(); ++i) {
+    const CSegment& piece = curve.exact[i];
+    const double from = std::max(piece.from, curve.lower);
+    const double to = std::min(piece.to, curve.upper);
+    if (!(to > from)) continue;
+    most = std::max({most, piece.Stress(from), piece.Stress(to)});
+    least = std::min({least, piece.Stress(from), piece.Stress(to)});
+  }
+  constexpr double kConcrete = 0.5;  // above the part of its strength that concrete has in tension
+  return most > -kConcrete * least;
+}
+
 }  // namespace
 
 double YieldStrain(const StressCurve& curve) {
@@ -64,7 +80,10 @@ DiagramStrains::DiagramStrains(const CompiledSection& section) : section_(&secti
     yield_.push_back(YieldStrain(CurveOf(section, point.curve)));
   }
   for (const CompiledSection::Region& region : section.regions) {
-    tension_.push_back(EndOfSlope(CurveOf(section, region.curve), kStraight));
+    const StressCurve& curve = CurveOf(section, region.curve);
+    const bool isSteel = IsAsStrongInTension(curve);
+    regionYield_.push_back(isSteel ? YieldStrain(curve) : kInfinity);
+    tension_.push_back(isSteel ? kInfinity : EndOfSlope(curve, kStraight));
   }
 }
 
@@ -83,14 +102,19 @@ double DiagramStrains::BeyondYield(const Plane& plane) const {
     const double strain = Dot(Numeric::Phi(point.position), plane) + point.strainOffset;
     largest = std::max(largest, strain - yield_[i]);
   }
-  return largest;
+  return std::max(largest, BeyondInRegions(regionYield_, plane));
 }
 
 double DiagramStrains::BeyondTension(const Plane& plane) const {
+  return BeyondInRegions(tension_, plane);
+}
+
+double DiagramStrains::BeyondInRegions(const std::vector<double>& strains,
+                                       const Plane& plane) const {
   double largest = -kInfinity;
   for (std::size_t i = 0; i < section_->regions.size(); ++i) {
-    const CompiledSection::Region& region = section_->regions[i];
-    largest = std::max(largest, LargestStrain(region, plane) - tension_[i]);
+    if (strains[i] == kInfinity) continue;
+    largest = std::max(largest, LargestStrain(section_->regions[i], plane) - strains[i]);
   }
   return largest;
 }

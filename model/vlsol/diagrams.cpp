@@ -9,6 +9,8 @@
 #include "model/vldata/response/SectionCompiler.h"
 #include "model/vlsol/closed_diagrams.h"
 #include "model/vlsol/moment_curvature.h"
+#include "model/vlsol/service_curvature.h"
+#include "model/vlsol/sls.h"
 
 namespace Orlix::VlSol {
 
@@ -25,6 +27,9 @@ void Check(const DiagramRequest& request) {
   if (request.points < DiagramRequest::kFewestPoints ||
       request.points > DiagramRequest::kMostPoints) {
     throw std::invalid_argument("DiagramRequest: that number of points is out of range");
+  }
+  if (request.state == LoadState::SLS && request.kind != DiagramKind::momentCurvature) {
+    throw std::invalid_argument("DiagramRequest: failure is of the ultimate limit state");
   }
 }
 
@@ -136,8 +141,16 @@ Diagram DiagramOf(const Data::CVelmoData& document, const Data::Velmo9::VelmoSec
   diagram.kind = request.kind;
   diagram.angle = request.angle;
   diagram.axial = request.axial;
-  if (!task.ComputesULS()) {
+  diagram.state = request.state;
+  const bool isService = request.state == LoadState::SLS;
+  if (!(isService ? task.ComputesSLS() : task.ComputesULS())) {
     diagram.problem = DiagramProblem::notComputed;
+    return diagram;
+  }
+  if (isService) {
+    const auto model = SlsModel::Of(document, section, iTask);
+    if (model) return ServiceCurvatureDiagram(*model, request);
+    diagram.problem = DiagramProblem::notCompiled;
     return diagram;
   }
   const auto compiled = SectionCompiler::Compile(document, section, iTask, SectionState::ultimate);

@@ -23,14 +23,14 @@ enum class DiagramMark {
   none,
   pureCompression,  ///< largest compression without moments
   decompression,    ///< the neutral axis leaves the outline: nothing of it is in tension
-  balanced,         ///< the first bar yields in tension as a limit in compression is reached
+  balanced,         ///< the first steel yields in tension as a limit in compression is reached
   pureBending,      ///< no axial force; in a biaxial diagram one of the two moments is zero
   pureTension,      ///< largest tension without moments
   axialCap,         ///< corner where the code caps the axial force, of the design curve alone
   start,            ///< no moment: a prestressed or unsymmetric section is curved all the same
-  cracking,         ///< a curve with tension reaches the end of its straight part in tension
-  firstYield,       ///< the first bar yields in tension
-  peak,             ///< largest moment, where the curve falls before it ends
+  cracking,         ///< concrete with tension reaches the end of its straight part
+  firstYield,       ///< the first steel yields in tension, bar or outline
+  peak,             ///< first peak of the moment, where the curve falls before it ends
   failure,          ///< a strain limit is reached: the curve ends here
   axialLost         ///< the held axial force is carried no further: the curve ends here
 };
@@ -47,8 +47,9 @@ struct DiagramPoint {
   Vec3<double> load;            ///< nominal, or phi times it on the design curve
   Vec3<double> plane;           ///< strain plane that goes with the nominal load
   double reductionFactor{1.0};  ///< phi of the plane, on both curves; 1 under partial factors
-  double strainUtilisation{};   ///< gauge of the plane: 1 at a strain limit
-  bool limitIsCap{};            ///< the limit is a numerical cap on strain, none of a material
+  /// Gauge of the plane: 1 at a strain limit; NaN in service.
+  double strainUtilisation{};
+  bool limitIsCap{};  ///< the limit is a numerical cap on strain, none of a material
   DiagramMark mark{DiagramMark::none};
 };
 
@@ -74,7 +75,9 @@ enum class DiagramProblem {
 };
 
 /// A diagram. Closed curves run once around, without repeating the first point at the end; a curve
-/// of curvatures runs from no moment to its end. Points with a mark are part of the curves.
+/// of curvatures runs from no moment to its end. In service it is that of the reported plane under
+/// each moment and ends as the first steel yields in the cracked state, or where there is no
+/// further solution. Points with a mark are part of the curves.
 struct Diagram {
   DiagramKind kind{DiagramKind::axialMoment};
   LoadState state{LoadState::ULS};
@@ -103,7 +106,8 @@ struct DiagramRequest {
   static constexpr int kMostPoints = 100000;
 };
 
-/// The diagram of a compiled section at the ultimate limit state, without loads.
+/// The diagram of a compiled section at the ultimate limit state, without loads. `state` is passed
+/// over.
 /// @param reduction  null: partial factors alone
 /// @return with `problem` set and without points where there is none
 /// Error: every point is found to 1e-10 of its load, as by SolveUlsLoad.

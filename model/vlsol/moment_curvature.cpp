@@ -201,31 +201,13 @@ class CurvatureCurve {
     }
   }
 
-  // The largest moment, where the curve falls behind it: the stiffness changes its sign there.
+  // The first peak of the moment is where the capacity search ends.
   void MarkPeak() {
-    const auto most = std::max_element(
-        curve_.begin(), curve_.end(),
-        [](const Marked& a, const Marked& b) { return a.state.moment < b.state.moment; });
-    constexpr double kFalls = 1e-9;
-    if (most == curve_.begin() ||
-        most->state.moment * (1.0 - kFalls) < curve_.back().state.moment) {
-      return;
-    }
-    State rising = (most - 1)->state;
-    State falling = (most + 1)->state;
-    const double width = 1e-12 * (curve_.back().state.curvature - curve_.front().state.curvature);
-    State best = most->state;
-    while (falling.curvature - rising.curvature > width) {
-      const State middle = walk_.At(0.5 * (rising.curvature + falling.curvature), rising.plane);
-      if (!middle.converged) break;
-      (middle.stiffness > 0.0 ? rising : falling) = middle;
-      if (middle.moment > best.moment) best = middle;
-    }
-    if (best.curvature == most->state.curvature) {
-      if (most->mark == DiagramMark::none) most->mark = DiagramMark::peak;
-      return;
-    }
-    curve_.push_back({best, DiagramMark::peak});
+    const State& start = curve_.front().state;
+    const Numeric::LoadPath path{walk_.Held(), walk_.Direction()};
+    const auto failure = Numeric::FindFailure(section_, path, {0.0, start.plane, start.gauge});
+    if (!failure.found || !failure.isPeak) return;
+    curve_.push_back({walk_.Of(failure.plane), DiagramMark::peak});
     Sort();
   }
 
