@@ -197,7 +197,6 @@ TEST(CaseResultsJsonBuilder, MembersThatAreThereStay) {
   EXPECT_EQ(document["load"].GetInt(), 7);
 }
 
-// No crack width is written: no code computes one.
 TEST(CaseResultsJsonBuilder, ServiceabilityCases) {
   const std::string states =
       R"(, "deformationsCracked":
@@ -210,19 +209,27 @@ TEST(CaseResultsJsonBuilder, ServiceabilityCases) {
   const std::string stiffness = R"(, "stiffness": {"EA": 1e9, "EIyy": 2e6, "EIzz": "-"})";
   const std::string loads = R"(, "loadUncracked": {"N": 4.0, "Myy": 5.0, "Mzz": 6.0},
                                  "loadCracked": {"N": 1.0, "Myy": 2.0, "Mzz": 3.0})";
+  const std::string width = R"("cracked": true, "crackWidth": 2e-4, )";
   const auto none = [](CaseSLSDetails& d) { d.resultKind = SlsResultKind::noSolution; };
   const std::vector<Row<CaseSLSDetails>> rows = {
       {"cracked",
        kByLoad,
        {},
-       kLoad + states + plane + R"(0.75}, "crackedStatus": "cracked")" + stiffness},
+       kLoad + states + plane + "0.75}, " + width + R"("crackedStatus": "cracked")" + stiffness},
       {"uncracked, not interpolated", kByLoad,
        [](CaseSLSDetails& d) {
          d.zeta = kInf;
          d.resultKind = SlsResultKind::uncracked;
        },
-       kLoad + states + plane + R"("-"}, "crackedStatus": "uncracked")" + stiffness},
-      {"no solution", kByLoad, none, kLoad + R"(, "crackedStatus": "no solution")"},
+       kLoad + states + plane + R"("-"}, )" + width + R"("crackedStatus": "uncracked")" +
+           stiffness},
+      {"no solution", kByLoad,
+       [&](CaseSLSDetails& d) {
+         none(d);
+         d.crackWidth = kInf;
+       },
+       kLoad + R"(, "cracked": true, "crackWidth": 1.7976931348623157e308,
+                  "crackedStatus": "no solution")"},
       {"an empty case is the default record", kByLoad,
        [](CaseSLSDetails& d) { d = CaseSLSDetails(); },
        R"("load": {"N": 0.0, "Myy": 0.0, "Mzz": 0.0}, "deformationsCracked":
@@ -231,14 +238,17 @@ TEST(CaseResultsJsonBuilder, ServiceabilityCases) {
            {"eps": 0.0, "kyy": 0.0, "kzz": 0.0, "na_angle": "-", "na_offset": "-"},
          "interpolatedDeformations": {"eps": 0.0, "kyy": 0.0, "kzz": 0.0, "na_angle": "-",
                                       "na_offset": "-", "zeta": "-"},
-         "crackedStatus": "not calculated", "stiffness": {"EA": 0.0, "EIyy": 0.0, "EIzz": 0.0})"},
-      {"deformation", kByPlane, {}, kAxis + loads + R"(, "crackedStatus": "cracked")" + stiffness},
+         "cracked": false, "crackedStatus": "not calculated", "stiffness": {"EA": 0.0, "EIyy": 0.0, "EIzz": 0.0})"},
+      {"deformation",
+       kByPlane,
+       {},
+       kAxis + loads + ", " + width + R"("crackedStatus": "cracked")" + stiffness},
       {"no solution: loads and a summary; anything but a load is a deformation", LoadAction{7},
        [&](CaseSLSDetails& d) {
          none(d);
          d.stressStrainSummary.cracked.emplace().UpdateRebar(2e6, 0.5);
        },
-       kAxis + loads + R"(, "crackedStatus": "no solution", "slsStressStrainSummary": {
+       kAxis + loads + ", " + width + R"("crackedStatus": "no solution", "slsStressStrainSummary": {
            "uncracked": {}, "cracked": {"rebar": {"maxStress": 2000000.0, "minStress": 2000000.0,
                                                   "maxStrain": 0.5, "minStrain": 0.5}}})"},
   };
