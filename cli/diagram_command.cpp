@@ -20,11 +20,13 @@
 #include "cli/interrupt.h"
 #include "cli/number_list.h"
 #include "cli/option_checks.h"
+#include "cli/picture_file.h"
 #include "cli/prepare_task.h"
 #include "cli/unit_factors.h"
 #include "model/oxutil/AtomicFile.h"
 #include "model/oxutil/ParseDouble.h"
 #include "model/oxutil/json.h"
+#include "plot/diagram_picture.h"
 
 namespace Orlix::Cli {
 
@@ -41,7 +43,7 @@ struct Arguments {
   std::string task;
   std::string angle;
   std::string axial;
-  std::string out;
+  PictureArguments file;
   int points{DiagramRequest{}.points};
   bool service{};
   bool json{};
@@ -65,7 +67,8 @@ the reported plane under each moment.
 The table names pure compression, decompression, balanced, pure bending and pure tension, or start,
 cracking, first yield, peak and failure, and shows the task's loads with their utilisations. Under a
 code with strength reduction there are nominal and design values, the latter with phi and the cap on
-axial force. -o writes CSV in the document's units or JSON in SI units, by the ending of the file.
+axial force. -o writes by the ending of the file: CSV in the document's units, JSON in SI units, or
+a sheet, A4 landscape, as .svg, .pdf or .png.
 docs/diagrams.md explains all of it. Exit status 1 when checks fail or there is no curve.)";
 
 // The one that is meant; none need be named where there is one.
@@ -117,13 +120,15 @@ std::string EndingOf(const std::filesystem::path& path) {
   return ending;
 }
 
-constexpr std::array<std::string_view, 2> kEndings = {".csv", ".json"};
+constexpr std::array<std::string_view, 2> kTexts = {".csv", ".json"};
 
 void CheckEnding(const std::string& out) {
-  if (std::find(kEndings.begin(), kEndings.end(), EndingOf(out)) != kEndings.end()) return;
+  if (std::find(kTexts.begin(), kTexts.end(), EndingOf(out)) != kTexts.end()) return;
+  if (Plot::PictureFormatOf(out)) return;
   std::string list;
-  for (const std::string_view ending : kEndings) list += " " + std::string(ending);
-  throw CommandError(out + ": the ending of the file says what is written; known are" + list);
+  for (const std::string_view ending : kTexts) list += std::string(ending) + ", ";
+  throw CommandError(out + ": the ending of the file says what is written; known are " + list +
+                     Plot::kPictureEndings);
 }
 
 void WriteJson(const DiagramPlace& place, const Diagram& diagram, std::ostream& out) {
@@ -137,7 +142,13 @@ void WriteJson(const DiagramPlace& place, const Diagram& diagram, std::ostream& 
 }
 
 void WriteFile(const VelmoApp& app, const DiagramPlace& place, const Diagram& diagram,
-               const std::string& out) {
+               const PictureArguments& arguments) {
+  const std::string& out = arguments.out;
+  if (Plot::PictureFormatOf(out)) {
+    Util::WriteWhole(out, Plot::DiagramPicture(app, place.iSec, place.iTask, diagram,
+                                               PictureOptionsFrom(arguments)));
+    return;
+  }
   Util::AtomicFile file(out);
   if (EndingOf(out) == ".json") {
     WriteJson(place, diagram, file.Stream());
@@ -167,9 +178,9 @@ DiagramRequest RequestFrom(const Arguments& arguments, const Data::CUnit& units)
 }
 
 int Run(const Arguments& arguments) {
-  if (!arguments.out.empty()) {
-    CheckEnding(arguments.out);
-    CheckIsNotDocument(arguments.out, arguments.document);
+  if (!arguments.file.out.empty()) {
+    CheckEnding(arguments.file.out);
+    CheckIsNotDocument(arguments.file.out, arguments.document);
   }
   const InterruptGuard guard;
   VelmoApp app = OpenForUse(arguments.document);
@@ -191,8 +202,8 @@ int Run(const Arguments& arguments) {
   for (const std::string& line : messages) std::cerr << prefix << line << '\n';
   if (!messages.empty()) return kProblems;
 
-  if (!arguments.out.empty()) {
-    WriteFile(app, place, diagram, arguments.out);
+  if (!arguments.file.out.empty()) {
+    WriteFile(app, place, diagram, arguments.file);
   } else if (arguments.json) {
     WriteJson(place, diagram, std::cout);
   } else {
@@ -232,8 +243,11 @@ void AddDiagramCommand(CLI::App& program, int& exitCode) {
   command->add_flag("--sls", arguments->service, "Curvatures in service (mk)");
   auto* json = command->add_flag("--json", arguments->json, "JSON in SI units");
   auto* all = command->add_flag("--all", arguments->all, "Show every point and every load");
-  auto* out = command->add_option("-o,--output", arguments->out, "File to write: .csv or .json")
+  auto* out = command
+                  ->add_option("-o,--output", arguments->file.out,
+                               "File to write: .csv, .json, .svg, .pdf or .png")
                   ->check(NotEmpty);
+  AddPictureWidth(*command, arguments->file);
   json->excludes(all)->excludes(out);
   all->excludes(out);
   command->callback([arguments, &exitCode] { exitCode = Run(*arguments); });

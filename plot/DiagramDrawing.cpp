@@ -131,8 +131,19 @@ void DiagramDrawing::Draw(Canvas& canvas) const {
   DrawCurve(canvas, diagram_.nominal, hasDesign ? dashed : solid, placer);
   DrawCurve(canvas, diagram_.design, solid, placer);
   DrawLoads(canvas);
-  DrawNames(canvas, placer);
-  DrawLoadLabels(canvas, placer);
+  const std::vector<NamedPoint> named = NamedPointsOf(diagram_);
+  for (const NamedPoint& point : named) {
+    const Spot at = At(point.point->at);
+    canvas.FillCircle(at, 0.8, kBlack);
+    placer.Block(Box{at.x - 0.8, at.y - 0.8, at.x + 0.8, at.y + 0.8});
+  }
+  // What is looked for first has the choice of the places.
+  const std::vector<const DiagramLoad*> loads = LabelledLoads();
+  const auto governing = std::partition_point(loads.begin(), loads.end(),
+                                              [](const auto* load) { return load->isGoverning; });
+  for (auto load = loads.begin(); load != governing; ++load) DrawLoadLabel(canvas, **load, placer);
+  DrawNames(canvas, named, placer);
+  for (auto load = governing; load != loads.end(); ++load) DrawLoadLabel(canvas, **load, placer);
 }
 
 void DiagramDrawing::DrawGrid(Canvas& canvas) const {
@@ -191,21 +202,18 @@ void DiagramDrawing::DrawCurve(Canvas& canvas, const std::vector<DiagramPoint>& 
   placer.Block(std::vector<Ring>{sparse});
 }
 
-void DiagramDrawing::DrawNames(Canvas& canvas, LabelPlacer& placer) const {
+void DiagramDrawing::DrawNames(Canvas& canvas, const std::vector<NamedPoint>& named,
+                               LabelPlacer& placer) const {
   const Spot middle = plot_.Centre();
-  const std::vector<NamedPoint> named = NamedPointsOf(diagram_);
+  // Names of the design curve stand inside of it, those of a nominal or single one outside.
   for (const NamedPoint& point : named) {
     const Spot at = At(point.point->at);
-    canvas.FillCircle(at, 0.8, kBlack);
-    placer.Block(Box{at.x - 0.8, at.y - 0.8, at.x + 0.8, at.y + 0.8});
-  }
-  for (const NamedPoint& point : named) {
-    const Spot at = At(point.point->at);
+    const Spot towards = point.isDesign ? middle - at : at - middle;
     const std::string number = std::to_string(point.number);
     for (const std::string& text : {number + "  " + NameOf(point.point->mark),
                                     number}) {  // the number alone where it is tight
       const Spot size{canvas.TextWidth(text, kNameStyle) + 0.4, 2.2};
-      const auto box = placer.Place(at, 1.1, size, at - middle);
+      const auto box = placer.Place(at, 1.1, size, towards);
       if (!box) continue;
       canvas.FillRectangle(*box, kWhite);
       canvas.Text({box->left + 0.2, box->bottom - 0.4}, text, kNameStyle);
@@ -221,30 +229,31 @@ void DiagramDrawing::DrawLoads(Canvas& canvas) const {
   }
 }
 
-void DiagramDrawing::DrawLoadLabels(Canvas& canvas, LabelPlacer& placer) const {
+std::vector<const DiagramLoad*> DiagramDrawing::LabelledLoads() const {
   std::vector<const DiagramLoad*> loads;
   for (const DiagramLoad& load : diagram_.loads) {
     if (IsShown(load)) loads.push_back(&load);
   }
-  // The governing one first, then those of the largest utilisations.
   std::stable_sort(loads.begin(), loads.end(), [](const DiagramLoad* a, const DiagramLoad* b) {
     if (a->isGoverning != b->isGoverning) return a->isGoverning;
     return a->utilisation > b->utilisation;
   });
   if (loads.size() > kMostLabels) loads.resize(kMostLabels);
-  for (const DiagramLoad* load : loads) {
-    const Spot at = At(load->at);
-    const std::string number = std::to_string(load->iCase + 1);
-    const std::string text =
-        load->isGoverning ? "case " + number + ": " + UtilisationText(load->utilisation) : number;
-    TextStyle style = kLoadStyle;
-    if (load->isGoverning) style = {2.5, Align::left, true};
-    const Spot size{canvas.TextWidth(text, style) + 0.4, 0.95 * style.size};
-    const auto box = placer.Place(at, load->isGoverning ? 2.4 : 1.1, size, {1.0, -0.4});
-    if (!box) continue;
-    canvas.FillRectangle(*box, kWhite);
-    canvas.Text({box->left + 0.2, box->bottom - 0.12 * style.size}, text, style);
-  }
+  return loads;
+}
+
+void DiagramDrawing::DrawLoadLabel(Canvas& canvas, const DiagramLoad& load,
+                                   LabelPlacer& placer) const {
+  const std::string number = std::to_string(load.iCase + 1);
+  const std::string text =
+      load.isGoverning ? "case " + number + ": " + UtilisationText(load.utilisation) : number;
+  TextStyle style = kLoadStyle;
+  if (load.isGoverning) style = {2.5, Align::left, true};
+  const Spot size{canvas.TextWidth(text, style) + 0.4, 0.95 * style.size};
+  const auto box = placer.Place(At(load.at), load.isGoverning ? 2.4 : 1.1, size, {1.0, -0.4});
+  if (!box) return;
+  canvas.FillRectangle(*box, kWhite);
+  canvas.Text({box->left + 0.2, box->bottom - 0.12 * style.size}, text, style);
 }
 
 }  // namespace Orlix::Plot

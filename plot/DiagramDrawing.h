@@ -48,9 +48,11 @@ class DiagramDrawing {
   void DrawAxis(Canvas& canvas, bool isUp) const;
   void DrawCurve(Canvas& canvas, const std::vector<VlSol::DiagramPoint>& points, const Pen& pen,
                  LabelPlacer& placer) const;
-  void DrawNames(Canvas& canvas, LabelPlacer& placer) const;
+  void DrawNames(Canvas& canvas, const std::vector<NamedPoint>& named, LabelPlacer& placer) const;
   void DrawLoads(Canvas& canvas) const;
-  void DrawLoadLabels(Canvas& canvas, LabelPlacer& placer) const;
+  /// The loads that may have a label: the governing one, then those of the largest utilisations.
+  std::vector<const VlSol::DiagramLoad*> LabelledLoads() const;
+  void DrawLoadLabel(Canvas& canvas, const VlSol::DiagramLoad& load, LabelPlacer& placer) const;
 
   const VlSol::Diagram& diagram_;
   const Data::CUnit& units_;

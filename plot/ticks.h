@@ -12,7 +12,7 @@ struct Ticks {
   int decimals{};              ///< that tell them apart
 };
 
-/// The finest ticks of a range that are no more than `most`.
+/// The finest ticks of a range that make no more than `most` steps.
 /// @param low, high  in either order; equal ones or what is not finite give no ticks
 /// @param most       at least 2
 Ticks TicksOf(double low, double high, int most);
