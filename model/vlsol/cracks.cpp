@@ -1,6 +1,7 @@
 #include "model/vlsol/cracks.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <limits>
 #include <utility>
@@ -38,6 +39,11 @@ class Widest : public CrackSink {
   double width_{};
 };
 
+// What cracks are ordered by; without a width by what the formula would give beyond its range.
+std::pair<double, double> Size(const CCrack& crack) {
+  return {crack.width, crack.spacing * crack.strain};
+}
+
 // Keeps the widest crack of each bar and face.
 class Collection : public CrackSink {
  public:
@@ -47,14 +53,17 @@ class Collection : public CrackSink {
     });
     if (same == cracks_.end()) {
       cracks_.push_back(crack);
-    } else if (crack.width > same->width) {
+    } else if (Size(crack) > Size(*same)) {
       *same = crack;
     }
   }
   std::vector<CCrack> Sorted() && {
     // Faces with the same bars have the same width but for round-off.
     std::stable_sort(cracks_.begin(), cracks_.end(), [](const CCrack& a, const CCrack& b) {
-      return static_cast<float>(a.width) > static_cast<float>(b.width);
+      if (std::isfinite(a.width) && std::isfinite(b.width)) {
+        return static_cast<float>(a.width) > static_cast<float>(b.width);
+      }
+      return Size(a) > Size(b);
     });
     return std::move(cracks_);
   }
