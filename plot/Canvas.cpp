@@ -11,7 +11,7 @@
 #include <string_view>
 
 #include "plot/drawing_text.h"
-#include "plot/svg_ids.h"
+#include "plot/svg_text.h"
 
 namespace Orlix::Plot {
 
@@ -296,7 +296,7 @@ std::string Canvas::Finish() {
   Check(cairo_status(surface_->context));
   Check(cairo_surface_status(surface_->surface));
   if (options_.format != PictureFormat::svg) return std::move(surface_->bytes);
-  return WithOwnIds(surface_->bytes, options_.idPrefix);
+  return TidySvg(surface_->bytes, options_.idPrefix);
 }
 
 }  // namespace Orlix::Plot

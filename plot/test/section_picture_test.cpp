@@ -69,7 +69,7 @@ bool Has(const SvgPath& path, const char* style) {
   return path.style.find(style) != std::string::npos;
 }
 
-// Cairo keeps coordinates to 1/256 of a point, 0.0014 mm, and writes a few digits less.
+// Cairo keeps coordinates to 1/256 of a point, 0.0014 mm; the text has three decimals.
 constexpr double kDrawn = 0.005;
 
 TEST(SectionPicture, ShowsEveryBarAndTheNeutralAxisWhereTheRecordSays) {
