@@ -37,6 +37,7 @@ class HeldForceSearch {
     if (!first.found && load_.x <= 0.0) return std::nullopt;
     if (first.found && first.phi <= low) return first.mu;
     const Trial last = At(high);
+    if (!first.found && !last.found) return std::nullopt;  // the least tension is too much
     // Tension-controlled at both ends: so it is between, since the strain moves one way with x.
     if (last.found && first.phi >= high && last.phi >= high) return last.mu;
     // The first change of sign from below gives the smallest capacity where there are several.
