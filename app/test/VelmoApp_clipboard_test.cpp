@@ -99,6 +99,7 @@ TEST(VelmoAppClipboard, EveryCellHasTheValueOfItsTitle) {
                                                         {"SLS EA", "-890342"},
                                                         {"SLS EIyy", "46293.2"},
                                                         {"SLS EIzz", "-"},
+                                                        {"SLS crack width", "0.155596"},
                                                         {"SLS state", "cracked"},
                                                         {"SLS cracked bar max stress", "153.03"}}};
   for (std::size_t iCase = 0; iCase < 3; ++iCase) {

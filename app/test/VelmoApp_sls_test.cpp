@@ -3,6 +3,7 @@
 
 #include <limits>
 #include <string>
+#include <vector>
 
 #include "app/VelmoApp.h"
 #include "app/test/Column.h"
@@ -77,6 +78,30 @@ TEST_F(VelmoAppSls, OtherModelsReportOneStateWithoutAFactor) {
   EXPECT_FALSE(record.stressStrainSummary.cracked);
 }
 
+TEST_F(VelmoAppSls, WidthsAreThoseOfTheWidestCrackOfEachCase) {
+  Solve();
+  const auto cracks = app.CompileCrackResults(0, 0, {0, 1, 2, 3, -1, 4});
+  for (const std::size_t none : {0U, 2U, 3U, 4U, 5U}) EXPECT_TRUE(cracks[none].empty()) << none;
+  const std::vector<CCrack> ofColumn = app.GetCrackResults(0, 0, 1).at(0);
+  EXPECT_EQ(ofColumn.size(), cracks[1].at(0).size());
+  EXPECT_GT(Record(1).crackWidth, 1e-5);
+  EXPECT_FLOAT_EQ(static_cast<float>(Record(1).crackWidth),
+                  static_cast<float>(ofColumn.front().width));
+  EXPECT_EQ(Record(0).crackWidth, 0.0);
+  EXPECT_TRUE(Record(3).hasCrackWidth);
+  EXPECT_EQ(Record(3).crackWidth, kInf);
+  EXPECT_TRUE(app.GetCrackResults(0, 1, 0).empty());
+
+  Task().SetCaseInput(1, {-100e3, 61e3, 10e3});  // not the case that was solved
+  EXPECT_TRUE(app.GetCrackResults(0, 0, 1).empty());
+  Util::JsonDocument code;
+  code.SetObject().AddMember("concrete", "ACI 318-19", code.GetAllocator());
+  app.setCodes(code);
+  Solve();
+  EXPECT_FALSE(Record(1).hasCrackWidth);
+  EXPECT_TRUE(app.GetCrackResults(0, 0, 1).empty());
+}
+
 TEST_F(VelmoAppSls, CasesThatAreNotThereAndAnEmptyOneHaveTheDefaultRecord) {
   Solve();
   for (const int iCase : {-1, 2, 4}) {
@@ -137,8 +162,8 @@ TEST_F(VelmoAppSls, ATaskOfBothLimitStatesHasBothInOneObject) {
   EXPECT_EQ(names,
             "iCase load loadAtFailure status utilisation momentRatio deformation "
             "deformationAtFailure deformationUtilisation stressStrainSummary load "
-            "deformationsCracked deformationsUncracked interpolatedDeformations crackedStatus "
-            "stiffness slsStressStrainSummary ");
+            "deformationsCracked deformationsUncracked interpolatedDeformations cracked crackWidth "
+            "crackedStatus stiffness slsStressStrainSummary ");
 }
 
 }  // namespace

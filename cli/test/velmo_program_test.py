@@ -278,20 +278,22 @@ class Velmo(unittest.TestCase):
         rows = {line.split()[1]: line.split() for line in service if line[:6].strip().isdigit()}
         self.assertEqual(list(rows), ["pull", "sagging", "hogging", "empty"])  # the worst first
         self.assertIn("NO", rows["pull"])
-        self.assertEqual(rows["empty"][-11:], ["-"] * 11)
-        zeta, curvature, stiffness = (float(rows["sagging"][i]) for i in (7, 9, 11))
+        self.assertEqual(rows["empty"][-12:], ["-"] * 12)
+        zeta, curvature, stiffness = (float(rows["sagging"][i]) for i in (7, 10, 12))
         self.assertTrue(0.0 < zeta < 1.0)
+        self.assertIn(f"Widest crack: case 1, {rows['sagging'][8]} mm", table)
         self.assertAlmostEqual(stiffness * curvature / 1000.0, -280.0, delta=0.01)  # six digits
         self.run_velmo("solve", "a.json", "--cases", "1-3", "--strict")
         self.run_velmo("solve", "a.json", "--cases", "4", "--strict", exit_code=1)
         full = self.run_velmo("solve", "a.json", "--case", "1").stdout
-        for text in ["Secant stiffness", "interpolated", "stress II", "force II", "zeta"]:
+        for text in ["Secant stiffness", "interpolated", "stress II", "force II", "zeta", "crack spacing"]:
             self.assertIn(text, full)
         self.assertIn("nothing applied", self.run_velmo("solve", "a.json", "--case", "3").stdout)
         shown = self.run_velmo("show", "a.json").stdout
         self.assertIn("long-term loads, creep coefficient 2", shown)
         result = json.loads(self.run_velmo("solve", "a.json", "--json").stdout)[0]["results"][0]
         self.assertIn("slsStressStrainSummary", result)
+        self.assertAlmostEqual(result["crackWidth"], float(rows["sagging"][8]) / 1e3, delta=1e-9)
         self.assertIn("stressStrainSummary", result)
 
     def test_a_task_in_service_alone_has_one_table(self):
