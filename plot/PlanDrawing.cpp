@@ -149,8 +149,9 @@ double PlanDrawing::RadiusOf(const BarView& bar) const {
 
 bool PlanDrawing::Draw(Canvas& canvas) const {
   DrawComponents(canvas);
+  const Box neutralAxis = view_.state ? DrawNeutralAxis(canvas) : Box{};
   std::vector<Box> blocked = DrawAxes(canvas);
-  if (view_.state) blocked.push_back(DrawNeutralAxis(canvas));
+  blocked.push_back(neutralAxis);
   DrawBars(canvas);
   DrawDimensions(canvas);
   DrawList(canvas);
@@ -224,8 +225,10 @@ void PlanDrawing::DrawDimensions(Canvas& canvas) const {
     DrawSlash(canvas, {x, level});
   }
   canvas.Line({x, extent_.top - 1.5}, {x, extent_.bottom + 1.5}, pen);
-  canvas.Text({x - 1.2, extent_.Centre().y}, text(extent_.Height()),
-              {2.5, Align::centre, false, true});
+  const std::string height = text(extent_.Height());
+  const bool isTall = canvas.TextWidth(height) < extent_.Height();
+  const Spot at{x - (isTall ? 1.2 : 2.0), extent_.Centre().y + (isTall ? 0.0 : 0.9)};
+  canvas.Text(at, height, {2.5, isTall ? Align::centre : Align::right, false, isTall});
 }
 
 std::vector<Box> PlanDrawing::DrawAxes(Canvas& canvas) const {

@@ -12,7 +12,8 @@ namespace Orlix::Plot {
 
 /// Strains and stresses of a state beside the section, over the distance across the neutral axis:
 /// the strain line, the stresses of the concrete, those of bars and steel with the bars' forces.
-/// Where strains change along z the levels are those of the section beside.
+/// Where strains change along z, and the section is not very flat, the levels are those of the
+/// section beside.
 class ProfileDrawing {
  public:
   /// @param view   with a state
@@ -23,6 +24,8 @@ class ProfileDrawing {
   void Draw(Canvas& canvas) const;
 
  private:
+  static constexpr double kHeading = 9.0;  ///< above the panels [mm]
+
   /// A panel: where values go to the right of it and distances up.
   struct Panel {
     Box box;         ///< of the plot itself
@@ -69,7 +72,6 @@ class ProfileDrawing {
   const Data::CUnit& units_;
   Box box_;
   Vec2<double> across_;
-  bool isBesideSection_{};
   double scale_{};   ///< [mm per m]
   double middle_{};  ///< where the distance 0 is [mm]
   double low_{};     ///< distances that the included components span [m]
