@@ -62,8 +62,10 @@ Plane TensionStiffenedSection::SolveEquilibrium(const Numeric::Resultant& load,
   // Planes locked into the two states differ, and with them what the uncracked plane adds to.
   double fHigh =
       section_.hasLockedRegions ? excess(high) : high * SteelLevelStrain(start) - steelLevelStress_;
-  if (fHigh <= 0.0) {  // no bar in tension: nothing holds the concrete together once it cracks
-    excess(0.0);
+  if (fHigh <= 0.0) {
+    // No bar in tension: nothing holds the concrete together once it cracks. With bars in tension
+    // the stage before has left their level less of it than the uncracked state has.
+    if (SteelLevelStrain(plane) <= 0.0) excess(0.0);
     return plane;
   }
   double low = 0.0;

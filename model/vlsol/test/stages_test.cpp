@@ -10,6 +10,8 @@
 #include "model/vldata/response/SectionCompiler.h"
 #include "model/vldata/response/results_stamp.h"
 #include "model/vlsol/Solver.h"
+#include "model/vlsol/TensionStiffenedSection.h"
+#include "model/vlsol/sls.h"
 
 namespace Orlix::VlSol {
 namespace {
@@ -188,6 +190,29 @@ TEST(Stages, StagesOfOneSectionEndInTheStateOfTheLastLoad) {
       }
     }
   }
+}
+
+// BS 8110-2, 3.6: below its tension at the level of the steel the concrete keeps its full slope, so
+// that a stage that adds no load adds no strain.
+TEST(Stages, ConcreteBelowItsTensionAtTheSteelKeepsItsSlope) {
+  CVelmoData document = Example("staged-composite-beam");
+  VelmoSection& section = document.getSection(0);
+  for (const auto& component : section.Components()) {
+    document.getMaterials()
+        ->Grade(MatType::concrete, component.MaterialGrade())
+        .SetShape(LoadState::SLS, LoadSign::tension, {.kind = CurveKind::bs8110Tension});
+  }
+  SolveAll(document);
+  section.Task(1).SetPreloadFrom(PreloadReference{1, 1});
+  const auto model = SlsModel::Of(document, section, 1);
+  ASSERT_TRUE(model);
+  const Numeric::CompiledSection& compiled = model->cracked->section;
+  TensionStiffenedSection stiffened(*model->cracked, model->steelLevelStress);
+  const double full = stiffened.TensionModulus();
+  const Vec3<double> load = section.Task(0).Cases()[0].input;
+  const Vec3<double> added = stiffened.SolveEquilibrium(compiled.LoadToLocal(load), {});
+  EXPECT_EQ(stiffened.TensionModulus(), full);
+  EXPECT_LE(Length(added), 1e-12);
 }
 
 TEST(Stages, BarsAddedLaterTakeNoLockedInStrain) {
