@@ -77,7 +77,9 @@ JsonValue PointJson(const Diagram& diagram, const DiagramPoint& point, JsonAlloc
   }
   json.AddMember("deformation", Data::Velmo9::Deformation(point.plane).toJson(allocator, false),
                  allocator);
-  json.AddMember("deformationUtilisation", point.strainUtilisation, allocator);
+  if (std::isfinite(point.strainUtilisation)) {
+    json.AddMember("deformationUtilisation", point.strainUtilisation, allocator);
+  }
   if (point.limitIsCap) json.AddMember("limitIsCap", true, allocator);
   return json;
 }

@@ -79,7 +79,9 @@ Cells PointCells(const Diagram& diagram, const DiagramPoint& point, const UnitTe
   AddLoadCells(diagram, diagram.IsClosed() ? point.at.x : point.at.y, point.load, units, cells);
   if (!diagram.design.empty()) cells.push_back(StringFrom(point.reductionFactor));
   AddThree(cells, units.Plane(Deformation(point.plane)));
-  cells.push_back(UtilisationText(point.strainUtilisation) + (point.limitIsCap ? "*" : ""));
+  const bool isKnown = std::isfinite(point.strainUtilisation);
+  cells.push_back(isKnown ? StringFrom(point.strainUtilisation) + (point.limitIsCap ? "*" : "")
+                          : "-");
   return cells;
 }
 

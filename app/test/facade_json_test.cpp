@@ -146,6 +146,20 @@ void CheckOptions(const Util::JsonDocument& json) {
   EXPECT_FALSE(options.sls.loads || options.sls.crackWidth);
 }
 
+void CheckDiagram(const Util::JsonDocument& json) {
+  VelmoApp app;
+  AddColumn(*app.pData()).Task(0).addCase({"", {-1e6, 120e3, 30e3}});
+  Util::JsonDocument got;
+  Util::JsonDocument want;
+  std::string message;
+  ASSERT_TRUE(app.GetDiagram(json, got, message)) << message;
+  Parse(Examples().at("GetDiagram result"), want);
+  ExpectAlike(got, want, "diagram");
+  EXPECT_FALSE(app.GetDiagram(want["loads"], got, message));
+  EXPECT_EQ(got.MemberCount(), 0U);
+  EXPECT_NE(message.find("request"), std::string::npos);
+}
+
 void CheckTaskData(const Util::JsonDocument& json) {
   VelmoApp app;
   AnalysisTask& task = AddColumn(*app.pData()).Task(0);
@@ -177,15 +191,15 @@ void CheckLinks(const Util::JsonDocument& json) {
 
 TEST(FacadeJson, EveryInputOfThePageDoesWhatItSays) {
   const std::map<std::string, void (*)(const Util::JsonDocument&)> checks = {
-      {"setTitles", CheckTitles},         {"setUnits", CheckUnits},
-      {"setCodes", CheckCodes},           {"setGrade", CheckGrade},
-      {"setSection", CheckSection},       {"sectionProperties", CheckProperties},
-      {"OutputOptions", CheckOptions},    {"CopyTaskData", CheckTaskData},
-      {"SectionLinksToJson", CheckLinks},
+      {"setTitles", CheckTitles},      {"setUnits", CheckUnits},
+      {"setCodes", CheckCodes},        {"setGrade", CheckGrade},
+      {"setSection", CheckSection},    {"sectionProperties", CheckProperties},
+      {"OutputOptions", CheckOptions}, {"CopyTaskData", CheckTaskData},
+      {"GetDiagram", CheckDiagram},    {"SectionLinksToJson", CheckLinks},
   };
   std::size_t inputs = 0;
   for (const auto& [name, text] : Examples()) {
-    if (name.starts_with("GetCaseResults ")) continue;
+    if (name.starts_with("GetCaseResults ") || name == "GetDiagram result") continue;
     SCOPED_TRACE(name);
     Util::JsonDocument json;
     Parse(text, json);

@@ -86,25 +86,12 @@ class ServiceCurve {
       low = high;
       high = At(2.0 * high.moment);
     }
-    if (high.solved && low.solved && low.beyondYield <= 0.0 && std::isfinite(low.beyondYield)) {
-      const double width = 1e-14 * high.moment;
-      const double root = RootBetween(
-          low.moment, low.beyondYield, high.moment, high.beyondYield, width, [&](double moment) {
-            const ServiceState s = At(moment);
-            return s.solved ? s.beyondYield : std::numeric_limits<double>::quiet_NaN();
-          });
-      if (std::isfinite(root)) {
-        ServiceState yield = At(root);
-        yield.mark = DiagramMark::firstYield;
-        return yield;
-      }
-    }
-    constexpr double kWidth = 1e-12;
+    constexpr double kWidth = 1e-14;
     while (high.moment - low.moment > kWidth * high.moment) {
       const ServiceState middle = At(0.5 * (low.moment + high.moment));
       (IsWithin(middle) ? low : high) = middle;
     }
-    low.mark = DiagramMark::failure;
+    low.mark = high.solved ? DiagramMark::firstYield : DiagramMark::failure;
     return low;
   }
 
