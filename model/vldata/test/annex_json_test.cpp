@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <limits>
 #include <string>
 #include <variant>
@@ -54,6 +55,9 @@ TEST(NationalAnnex, EveryChoiceReachesGradesOrCrackWidths) {
   EXPECT_EQ(cracks.limitX0ToXc1, std::numeric_limits<double>::infinity());
   EXPECT_EQ(cracks.limitXc2ToXc4, 2e-4);
   EXPECT_EQ(cracks.limitXdAndXs, 1e-4);
+  // The list shows the rule and what it counts as.
+  EXPECT_EQ(code.constants[9].symbol, "w_max X0, XC1: no limit");
+  EXPECT_TRUE(std::isinf(code.constants[9].value));
 }
 
 TEST(NationalAnnex, StaysWholeInTheDocumentWhereverItIsOpened) {

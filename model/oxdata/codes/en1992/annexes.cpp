@@ -9,6 +9,7 @@ namespace {
 /// k_3 = 3.4 up to a cover of 25 mm, 3.4 (25 mm/c)^(2/3) beyond.
 constexpr std::string_view kCoverRule = "3.4 (25 mm/c)^(2/3)";
 constexpr double kCoverOfRule = 0.025;
+constexpr double kK3OfRule = 3.4;
 constexpr std::string_view kNoLimit = "no limit";
 constexpr std::string_view kRulesOfK3[] = {kCoverRule};
 constexpr std::string_view kRulesOfLimits[] = {kNoLimit};
@@ -34,11 +35,6 @@ constexpr AnnexParameter kParameters[] = {
      "EN 1992-1-1, Table 7.1N, reinforced members", "m", kRulesOfLimits},
 };
 
-double Limit(const NationalAnnex& annex, std::string_view parameter) {
-  const AnnexChoice& choice = ChoiceFor(annex, parameter);
-  return choice.IsRule() ? std::numeric_limits<double>::infinity() : choice.number;
-}
-
 }  // namespace
 
 std::span<const AnnexParameter> Parameters() { return kParameters; }
@@ -60,18 +56,20 @@ NationalAnnex UnitedKingdomAnnex() {
   return annex;
 }
 
+double NumberOf(const AnnexChoice& choice) {
+  if (!choice.IsRule()) return choice.number;
+  return choice.rule == kCoverRule ? kK3OfRule : std::numeric_limits<double>::infinity();
+}
+
 CrackWidthParameters CrackWidthBy(const NationalAnnex& annex) {
   CrackWidthParameters rule;
   const AnnexChoice& k3 = ChoiceFor(annex, "k_3");
-  if (k3.IsRule()) {
-    rule.k3CoverLimit = kCoverOfRule;
-  } else {
-    rule.k3 = k3.number;
-  }
-  rule.k4 = ChoiceFor(annex, "k_4").number;
-  rule.limitX0ToXc1 = Limit(annex, "w_max X0, XC1");
-  rule.limitXc2ToXc4 = Limit(annex, "w_max XC2 to XC4");
-  rule.limitXdAndXs = Limit(annex, "w_max XD, XS");
+  rule.k3 = NumberOf(k3);
+  if (k3.IsRule()) rule.k3CoverLimit = kCoverOfRule;
+  rule.k4 = NumberOf(ChoiceFor(annex, "k_4"));
+  rule.limitX0ToXc1 = NumberOf(ChoiceFor(annex, "w_max X0, XC1"));
+  rule.limitXc2ToXc4 = NumberOf(ChoiceFor(annex, "w_max XC2 to XC4"));
+  rule.limitXdAndXs = NumberOf(ChoiceFor(annex, "w_max XD, XS"));
   return rule;
 }
 

@@ -14,6 +14,10 @@ std::span<const AnnexParameter> Parameters();
 /// The choices of the United Kingdom.
 NationalAnnex UnitedKingdomAnnex();
 
+/// The number of a choice, or the one that its rule begins with: 3.4 of k_3, +infinity of "no
+/// limit".
+double NumberOf(const AnnexChoice& choice);
+
 /// The crack width rule with the annex's k_3, k_4 and limits.
 /// @pre the annex has an allowed choice for every parameter.
 CrackWidthParameters CrackWidthBy(const NationalAnnex& annex);

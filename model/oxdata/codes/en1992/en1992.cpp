@@ -50,18 +50,15 @@ struct Factors {
   double strandStrain;  // eps_ud
 };
 
-/// The annex's choices; a rule stands behind its parameter, with the number that it starts from.
+/// The annex's choices; a rule stands behind its parameter, with the number that it begins with.
 void AddChoices(const NationalAnnex& annex, ConstantSource source,
                 std::vector<CodeConstant>& constants) {
   for (const AnnexParameter& p : Parameters()) {
     const AnnexChoice& choice = ChoiceFor(annex, p.name);
     const bool isRecommended = choice.number == p.recommended && choice.source == p.clause;
-    CodeConstant constant{choice.parameter, choice.number, choice.source, std::string(p.unit),
+    CodeConstant constant{choice.parameter, NumberOf(choice), choice.source, std::string(p.unit),
                           isRecommended ? ConstantSource::secondary : source};
-    if (choice.IsRule()) {
-      constant.symbol += ": " + choice.rule;
-      constant.value = p.recommended;
-    }
+    if (choice.IsRule()) constant.symbol += ": " + choice.rule;
     if (constant.clause.empty()) constant.clause = "annex " + annex.name + ", no source given";
     constants.push_back(std::move(constant));
   }
@@ -70,6 +67,7 @@ void AddChoices(const NationalAnnex& annex, ConstantSource source,
 std::vector<CodeConstant> Constants(const NationalAnnex& annex, ConstantSource source) {
   std::vector<CodeConstant> constants;
   AddChoices(annex, source, constants);
+  const CrackWidthParameters cracks;
   const CodeConstant kCommon[] = {
       {"E_s", kModulusOfBars, "EN 1992-1-1, 3.2.7(4)", "Pa"},
       {"E_a", kModulusOfSteel, "EN 1993-1-1, 3.2.6(1)", "Pa"},
@@ -78,6 +76,14 @@ std::vector<CodeConstant> Constants(const NationalAnnex& annex, ConstantSource s
       {"f_p0.1k/f_pk", kStrandProofRatio, "EN 1992-1-1, 3.3.6(7)"},
       {"beta short-term", 1.0, "EN 1992-1-1, 7.4.3(3)"},
       {"beta sustained", 0.5, "EN 1992-1-1, 7.4.3(3)"},
+      {"k_t short-term", cracks.ktShort, "EN 1992-1-1, 7.3.4(2)"},
+      {"k_t long-term", cracks.ktLong, "EN 1992-1-1, 7.3.4(2)"},
+      {"least share of sigma_s/E_s", cracks.leastShare, "EN 1992-1-1, (7.9)"},
+      {"k_1 high bond", cracks.k1HighBond, "EN 1992-1-1, 7.3.4(3)"},
+      {"k_1 plain", cracks.k1Plain, "EN 1992-1-1, 7.3.4(3)"},
+      {"close spacing over c + phi/2", cracks.closeSpacing, "EN 1992-1-1, 7.3.4(3)"},
+      {"s_r,max/(h - x) beyond it", cracks.wideCrackShare, "EN 1992-1-1, (7.14)"},
+      {"xi pretensioned strand", cracks.xiPretensioned, "EN 1992-1-1, Table 6.2"},
   };
   constants.insert(constants.end(), std::begin(kCommon), std::end(kCommon));
   for (const DuctilityClass& c : kDuctilityClasses) {
