@@ -37,9 +37,9 @@ std::optional<LoadSlice> LoadSlice::About(const CompiledSection& section,
   constexpr int kRounds = 2;
   bool isWide = false;
   for (int i = 0; i < kRounds; ++i) {
-    const bool first1 = slice.Centre({1.0, 0.0}, slice.halfWidth_.x);
-    const bool second1 = slice.Centre({0.0, 1.0}, slice.halfWidth_.y);
-    isWide = first1 && second1;
+    const bool hasFirst = slice.Centre({1.0, 0.0}, slice.halfWidth_.x);
+    const bool hasSecond = slice.Centre({0.0, 1.0}, slice.halfWidth_.y);
+    isWide = hasFirst && hasSecond;
   }
   if (!isWide) return std::nullopt;
   return slice;

@@ -42,7 +42,7 @@ class LoadSlice {
   /// The point on a ray. @param near  plane of a point beside it; null: none is known
   std::optional<SlicePoint> At(double turn, const Numeric::Plane* near) const;
   /// About `count` points in the order of their turns: five eighths at equal turns, the others
-  /// where the curve turns most.
+  /// where the curve bends most. A ray without a failure point is left out.
   std::vector<SlicePoint> Trace(int count) const;
   /// The point of a failure that was found on another path of this plane.
   SlicePoint PointAt(Vec2<double> at, const Numeric::FailurePoint& failure) const;
