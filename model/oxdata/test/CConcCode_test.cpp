@@ -171,6 +171,8 @@ TEST(CConcCode, ConcretesOfFurtherCodesHaveHandValues) {
       {ConcCode::is456_2000, L"M25", 11.167, 2.0, 3.5, 25.0, CurveKind::none},
       {ConcCode::csaA23_2014, L"f'c 40 MPa", 20.540, 0.455, 3.5, 28.460, CurveKind::none},
       {ConcCode::csaA23_2014, L"f'c 80 MPa", 37.960, 0.805, 3.5, 36.416, CurveKind::none},
+      {ConcCode::as3600_2018, L"f'c 32 MPa", 25.664, 0.330, 3.0, 30.100, CurveKind::none},
+      {ConcCode::as3600_2018, L"f'c 100 MPa", 70.000, 0.840, 3.0, 42.200, CurveKind::none},
   };
   for (const auto& r : kRows) {
     SCOPED_TRACE(testing::Message() << static_cast<int>(r.code) << " " << r.fd);
