@@ -43,7 +43,6 @@ struct Arguments {
 constexpr const char* kExample = R"(Examples:
   velmo codes
   velmo codes "EN 1992-1-1:2004" --annex UK
-  velmo codes "EN 1992-1-1:2004" --annex office.json
   velmo codes "BS 8110-1:1997" --grade C40
 
 Without NAME the codes with their annexes; with it the code's constants, where they stand and

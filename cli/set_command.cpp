@@ -37,14 +37,14 @@ struct Arguments {
 constexpr const char* kExample = R"(Examples:
   velmo set column.json --title "Harbour bridge" --part "Pier 3" --units force=MN,stress=MPa
   velmo set column.json --code "EN 1992-1-1:2004" --annex UK
-  velmo set column.json --annex office.json
   echo '{"type": "concrete", "name": "C30/37", "gamma": 1.2}' | velmo set column.json --grade -
 
 What is not mentioned stays. Standard grades follow the code; edited ones stay as they are, and each
-that changes or stays is listed. A grade
-is an object with "type", "name" and the members of a document's material table that change; one of
-a new name is added. Changed are display units, not numbers: those in the document are always SI.
-Something wrong changes nothing.)";
+that changes or stays is listed. --annex also takes the JSON file of an annex of your own, which
+docs/national-annex.md describes; the document keeps all of it. A grade is an object with "type",
+"name" and the members of a document's material table that change; one of a new name is added.
+Changed are display units, not numbers: those in the document are always SI. Something wrong changes
+nothing.)";
 
 void SetTitles(Data::CVelmoData& document, const Arguments& arguments) {
   Data::CTitles titles = document.Titles();
