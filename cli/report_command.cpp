@@ -1,4 +1,7 @@
 #include <CLI/CLI.hpp>
+#include <algorithm>
+#include <cstddef>
+#include <ctime>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -15,6 +18,7 @@
 #include "cli/solve_task.h"
 #include "model/oxutil/AtomicFile.h"
 #include "reports/csv/CsvBuilder.h"
+#include "reports/html/html_report.h"
 
 namespace Orlix::Cli {
 
@@ -27,18 +31,23 @@ struct Arguments {
   std::string cases;
   std::string outputs{"all"};
   std::string out;
+  std::size_t rows{Velmo::HtmlReportOptions{}.mostRows};
 };
 
 constexpr const char* kExample = R"(Example:
+  velmo report column.json --section 1 --task 1 -o report.html
   velmo report column.json --section 1 --task 1 -o report.csv
   velmo report column.json --cases 1-2,4 --outputs uls.appliedLoad,uls.failureLoad
 
-The report is text in UTF-8 with commas between the fields and a point in numbers, in the document's
-units, which stand at its top. Cases that are not carried at ULS have no SLS rows. Exit status 1,
+A file that ends in .html is a page for people: inputs, checks, drawings, governing cases, tables
+and how to read them. It needs nothing beside it, opens in any browser and prints on A4.
+
+Otherwise the report is CSV, text in UTF-8 with commas between the fields and a point in numbers.
+Cases that are not carried at ULS have no SLS rows. Both are in the document's units. Exit status 1,
 and no file, when checks fail.
 
-Outputs, in the order of the report; "all", "uls" and "sls" stand for those that say something of
-the task:
+Outputs of CSV, in the order of the report; "all", "uls" and "sls" stand for those that say
+something of the task:
 )";
 
 // The one that is meant; none need be named where there is one.
@@ -87,18 +96,29 @@ void Write(const Velmo::CsvBuilder& builder, const std::vector<std::string>& lin
   file.Commit();
 }
 
-int Run(const Arguments& arguments) {
-  VelmoApp app = OpenForUse(arguments.document);
+bool IsHtml(const std::string& out) {
+  std::string ending = std::filesystem::path(out).extension().string();
+  std::ranges::transform(ending, ending.begin(), [](char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+  });
+  return ending == ".html" || ending == ".htm";
+}
+
+// "2026-11-23 04:50", local time; empty where the system has none.
+std::string Now() {
+  const std::time_t now = std::time(nullptr);
+  std::tm local{};
+  if (localtime_r(&now, &local) == nullptr) return "";
+  char text[32];
+  return std::string(text, std::strftime(text, sizeof text, "%Y-%m-%d %H:%M", &local));
+}
+
+int ReportCsv(const Arguments& arguments, VelmoApp& app, int iSec, int iTask) {
   const Data::CVelmoData& document = *app.pData();
-  const int iSec = OneOf(arguments.section, document.NumSections(), "section");
-  const auto& tasks = document.Section(iSec).Tasks();
-  const int iTask = OneOf(arguments.task, static_cast<int>(tasks.size()), "task");
   const std::vector<int> cases =
       CasesFrom(arguments.cases, document.Section(iSec).Task(iTask).NumCases());
   const Velmo::CsvOptions options = OutputsFrom(arguments.outputs, document, iSec, iTask);
-  if (!arguments.out.empty()) CheckIsNotDocument(arguments.out, arguments.document);
   if (!CheckAndSolve(app, iSec, iTask)) return kProblems;
-
   Velmo::CsvBuilder builder(app);
   const std::vector<std::string>& lines = builder.BuildCaseDetails(iSec, iTask, cases, options);
   if (arguments.out.empty()) {
@@ -109,12 +129,34 @@ int Run(const Arguments& arguments) {
   return kDone;
 }
 
+int ReportHtml(const Arguments& arguments, VelmoApp& app, int iSec, int iTask) {
+  if (!CheckAndSolve(app, iSec, iTask)) return kProblems;
+  Util::WriteWhole(arguments.out,
+                   Velmo::HtmlReport(app, iSec, iTask, {VELMO_VERSION, Now(), arguments.rows}));
+  return kDone;
+}
+
+int Run(const Arguments& arguments, bool isCsvAsked, bool isHtmlAsked) {
+  const bool isHtml = IsHtml(arguments.out);
+  if (isHtml && isCsvAsked) {
+    throw CommandError("--cases and --outputs are of a CSV report; a page has all of the task");
+  }
+  if (!isHtml && isHtmlAsked) throw CommandError("--rows is of a page: -o report.html");
+  VelmoApp app = OpenForUse(arguments.document);
+  const Data::CVelmoData& document = *app.pData();
+  const int iSec = OneOf(arguments.section, document.NumSections(), "section");
+  const auto& tasks = document.Section(iSec).Tasks();
+  const int iTask = OneOf(arguments.task, static_cast<int>(tasks.size()), "task");
+  if (!arguments.out.empty()) CheckIsNotDocument(arguments.out, arguments.document);
+  return isHtml ? ReportHtml(arguments, app, iSec, iTask) : ReportCsv(arguments, app, iSec, iTask);
+}
+
 }  // namespace
 
 void AddReportCommand(CLI::App& program, int& exitCode) {
   auto arguments = std::make_shared<Arguments>();
-  CLI::App* command =
-      program.add_subcommand("report", "Check a task, solve it, write its results as CSV");
+  CLI::App* command = program.add_subcommand(
+      "report", "Check a task, solve it, write its results as a page or as CSV");
   command->footer(kExample + OutputNames());
   command->add_option("DOC", arguments->document, "Document")->required()->check(NotEmpty);
   command
@@ -122,13 +164,26 @@ void AddReportCommand(CLI::App& program, int& exitCode) {
                    "Number of the section; needed where there are several")
       ->check(NotEmpty);
   command->add_option("--task", arguments->task, "Number of the task; likewise")->check(NotEmpty);
-  command->add_option("--cases", arguments->cases, "Cases, e.g. 1-20,25; all without it")
+  auto* cases =
+      command->add_option("--cases", arguments->cases, "CSV: cases, e.g. 1-20,25; all without it")
+          ->check(NotEmpty);
+  auto* outputs = command
+                      ->add_option("--outputs", arguments->outputs,
+                                   "CSV: tables, e.g. all or uls,sls.stiffness")
+                      ->capture_default_str()
+                      ->check(NotEmpty);
+  constexpr std::size_t kMostRows = 100'000;
+  auto* rows = command
+                   ->add_option("--rows", arguments->rows,
+                                "Page: rows of a table of cases; of more the worst are listed")
+                   ->capture_default_str()
+                   ->check(CLI::Range(std::size_t{1}, kMostRows));
+  command->add_option("-o,--output", arguments->out, "Write the report to a file; .html: a page")
       ->check(NotEmpty);
-  command->add_option("--outputs", arguments->outputs, "Tables, e.g. all or uls,sls.stiffness")
-      ->capture_default_str()
-      ->check(NotEmpty);
-  command->add_option("-o,--output", arguments->out, "Write the report to a file")->check(NotEmpty);
-  command->callback([arguments, &exitCode] { exitCode = Run(*arguments); });
+  command->callback([arguments, cases, outputs, rows, &exitCode] {
+    const bool isCsvAsked = cases->count() > 0 || outputs->count() > 0;
+    exitCode = Run(*arguments, isCsvAsked, rows->count() > 0);
+  });
 }
 
 }  // namespace Orlix::Cli

@@ -20,6 +20,7 @@ ROWS = [
     ["app"],
     ["reports/csv", "bridge"],
     ["plot"],
+    ["reports/html"],
     ["cli"],
     ["bench", "fuzz"],
 ]
