@@ -227,8 +227,8 @@ void PlanDrawing::DrawDimensions(Canvas& canvas) const {
   canvas.Line({x, extent_.top - 1.5}, {x, extent_.bottom + 1.5}, pen);
   const std::string height = text(extent_.Height());
   const bool isTall = canvas.TextWidth(height) < extent_.Height();
-  const Spot at{x - (isTall ? 1.2 : 2.0), extent_.Centre().y + (isTall ? 0.0 : 0.9)};
-  canvas.Text(at, height, {2.5, isTall ? Align::centre : Align::right, false, isTall});
+  const Spot at = isTall ? Spot{x - 1.2, extent_.Centre().y} : Spot{x, extent_.top - 3.0};
+  canvas.Text(at, height, {2.5, Align::centre, false, isTall});
 }
 
 std::vector<Box> PlanDrawing::DrawAxes(Canvas& canvas) const {
