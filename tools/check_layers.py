@@ -22,7 +22,7 @@ ROWS = [
     ["plot"],
     ["reports/html"],
     ["cli"],
-    ["bench", "fuzz"],
+    ["bench", "fuzz", "examples/embed"],
 ]
 
 # Arrows within a row, and those of folders beside the stack. A target with a suffix is one file.
