@@ -60,15 +60,16 @@ Vec2<double> CentroidOf(const SectionPolygon& polygon) {
   return {total.sy / total.area, total.sz / total.area};
 }
 
-// To whole nanometres, so that a bar on an axis of symmetry lies at 0, not at round-off.
-Vec2<double> Rounded(Vec2<double> point) {
-  constexpr double kPerMetre = 1e9;
-  return {std::round(point.x * kPerMetre) / kPerMetre, std::round(point.y * kPerMetre) / kPerMetre};
+// A bar on an axis of symmetry lies at 0, not at the round-off of the centroid.
+Vec2<double> Shifted(Vec2<double> point, Vec2<double> by) {
+  constexpr double kRoundOff = 1e-12;  // [m]
+  const auto sum = [](double a, double b) { return std::fabs(a + b) < kRoundOff ? 0.0 : a + b; };
+  return {sum(point.x, by.x), sum(point.y, by.y)};
 }
 
 void Shift(SectionPolygon& polygon, Vec2<double> by) {
   const auto shift = [by](Ring& ring) {
-    for (Vec2<double>& point : ring) point = {point.x + by.x, point.y + by.y};
+    for (Vec2<double>& point : ring) point = Shifted(point, by);
   };
   shift(polygon.outline);
   for (Ring& hole : polygon.holes) shift(hole);
@@ -120,12 +121,11 @@ DrawingSection SectionFromDrawing(const dxf_import::SectionGeometry& geometry,
   if (!made.problems.empty()) return made;
 
   if (settings.origin == DrawingOrigin::centroid) {
-    const Vec2<double> centroid = Rounded(CentroidOf(polygon));
+    const Vec2<double> centroid = CentroidOf(polygon);
     const Vec2<double> by{-centroid.x, -centroid.y};
     Shift(polygon, by);
     for (CBar& bar : reinforcement.bars) {
-      const Vec2<double> position{bar.Position().x + by.x, bar.Position().y + by.y};
-      bar = {position, bar.Diameter(), bar.Area(), bar.Grade()};
+      bar = {Shifted(bar.Position(), by), bar.Diameter(), bar.Area(), bar.Grade()};
     }
   }
   for (const auto& [diameter, numbers] : odd) {
