@@ -210,7 +210,9 @@ void DiagramDrawing::DrawNames(Canvas& canvas, const std::vector<NamedPoint>& na
     const Spot at = At(point.point->at);
     const Spot towards = point.isDesign ? middle - at : at - middle;
     const std::string number = std::to_string(point.number);
-    for (const std::string& text : {number + "  " + NameOf(point.point->mark),
+    // A design curve of one point is no curve that would tell what the point belongs to.
+    const char* of = point.isDesign && diagram_.design.size() == 1 ? "design " : "";
+    for (const std::string& text : {number + "  " + of + NameOf(point.point->mark),
                                     number}) {  // the number alone where it is tight
       const Spot size{canvas.TextWidth(text, kNameStyle) + 0.4, 2.2};
       const auto box = placer.Place(at, 1.1, size, towards);

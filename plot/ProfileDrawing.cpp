@@ -134,7 +134,16 @@ void ProfileDrawing::DrawPanel(Canvas& canvas, const Panel& panel, const std::st
   const double y = box.bottom + 6.0;
   canvas.Line({box.left, y}, {box.right, y}, {0.15});
   const auto value = [&](double x) { return (x - panel.zero) / panel.scale * factor; };
-  const Ticks ticks = TicksOf(value(box.left), value(box.right), 4);
+  // As many as have room for their texts.
+  Ticks ticks;
+  for (int most = 6; most >= 2; --most) {
+    ticks = TicksOf(value(box.left), value(box.right), most);
+    double widest = 0.0;
+    for (const double tick : ticks.values) {
+      widest = std::max(widest, canvas.TextWidth(TickText(tick, ticks), kTickStyle));
+    }
+    if (widest + 1.5 < ticks.step / factor * panel.scale) break;
+  }
   for (const double tick : ticks.values) {
     const double x = panel.X(tick / factor);
     canvas.Line({x, y}, {x, y + 1.0}, {0.15});

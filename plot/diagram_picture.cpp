@@ -169,7 +169,7 @@ InfoColumn Key(const Diagram& diagram, double width) {
   if (diagram.design.size() > 1) {
     column.key = {{KeySign::solidCurve, "design"}, {KeySign::dashedCurve, "nominal"}};
   } else if (!diagram.design.empty()) {
-    column.key = {{KeySign::dashedCurve, "nominal"}, {KeySign::point, "design moment"}};
+    column.key = {{KeySign::dashedCurve, "nominal"}};
   } else {
     column.key = {{KeySign::solidCurve,
                    diagram.state == LoadState::ULS ? "design resistance" : "in service"}};

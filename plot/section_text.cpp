@@ -189,9 +189,13 @@ InfoColumn SectionText::ExtremesColumn() const {
       column.rows.push_back({"Crack width " + Length(view_.sls.crackWidth)});
     }
   } else {
-    column.rows.push_back({"M/Mu " + UtilisationText(view_.uls.momentRatio) +
-                           ", of the strain limits " +
-                           UtilisationText(view_.uls.deformationUtilisation)});
+    const AnalysisTask& task = app_.pData()->Section(iSec_).Task(case_->iTask);
+    column.rows.push_back({"M/Mu " + UtilisationText(view_.uls.momentRatio)});
+    // A load that is not carried has no strains that could be compared with limits.
+    if (view_.uls.status || task.Action() != LoadAction::load) {
+      column.rows.back().front() +=
+          ", of the strain limits " + UtilisationText(view_.uls.deformationUtilisation);
+    }
   }
   return column;
 }
