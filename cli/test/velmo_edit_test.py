@@ -42,6 +42,7 @@ class Editing(unittest.TestCase):
                     line = example.replace("velmo ", f"'{VELMO}' ", 1)
                     subprocess.run(line, shell=True, cwd=self.folder, check=True, timeout=60,
                                    capture_output=True)
+                    self.run_velmo("validate", "column.json")  # by the schema, too
 
     def test_what_is_not_understood_changes_nothing(self):
         before = self.document()

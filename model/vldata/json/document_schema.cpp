@@ -211,6 +211,9 @@ std::string PathText(const JsonValue& root, const Violation& violation) {
 }  // namespace
 
 std::optional<ReadProblem> SchemaProblem(const JsonValue& json) {
+  static const rapidjson::SchemaDocument kSchema(Schema());
+  rapidjson::SchemaValidator validator(kSchema);
+  if (json.Accept(validator)) return std::nullopt;
   const auto violation = FirstViolation(Schema(), json);
   if (!violation) return std::nullopt;
   const bool isMissing = !violation->missing.empty();

@@ -5,6 +5,7 @@
 #include <sstream>
 #include <string>
 
+#include "model/vldata/json/document_schema.h"
 #include "model/vldata/response/SectionCompiler.h"
 #include "model/vldata/test/test_documents.h"
 
@@ -306,7 +307,11 @@ TEST(Document, SurvivesMutatedBytes) {
     ++read;
     const CVelmoData document(json);
     const std::string written = WriteDocument(document);
-    ASSERT_EQ(WriteDocument(ReadDocument(written)), written) << text;
+    const CVelmoData again = ReadDocument(written);
+    ASSERT_EQ(WriteDocument(again), written) << text;
+    // The schema is no stricter than the reader, which lists all that the schema finds.
+    ASSERT_TRUE(!SchemaProblem(json) || !document.ReadProblems().empty()) << text;
+    ASSERT_TRUE(!SchemaProblem(ParseText(written)) || !again.ReadProblems().empty()) << written;
     for (const auto& section : document.Sections()) {
       for (int task = 0; task < static_cast<int>(section.Tasks().size()); ++task) {
         for (const auto state : {Velmo9::SectionState::ultimate, Velmo9::SectionState::cracked}) {
