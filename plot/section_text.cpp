@@ -152,10 +152,10 @@ InfoColumn SectionText::Loads() const {
     }
   }
   const bool hasFactor = app_.pData()->concreteCode().IsStrengthReduction();
-  if (isUls && hasFactor && view_.uls.status && view_.state) {
+  if (isUls && hasFactor && view_.state) {
     const bool isFailure = view_.state->state == SectionState::atFailure;
     column.rows.push_back(
-        {isFailure ? "Stresses of the nominal strength"
+        {isFailure ? "Stresses of the nominal strength, before phi"
                    : "Stresses of the load over phi = " + NumberText(view_.uls.reductionFactor)});
   }
   return column;
