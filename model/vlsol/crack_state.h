@@ -52,6 +52,8 @@ class CrackSink {
  public:
   virtual ~CrackSink() = default;
   virtual void Add(const Data::Velmo9::CCrack& crack) = 0;
+  /// Cracks that are no wider need not be added [m].
+  virtual double Threshold() const { return 0.0; }
 };
 
 /// Calls use(from, to, bar) for the parts of a piece of an edge that have one and the same nearest

@@ -33,7 +33,7 @@ struct Finder {
 class Widest : public CrackSink {
  public:
   void Add(const CCrack& crack) override { width_ = std::max(width_, crack.width); }
-  double Width() const { return width_; }
+  double Threshold() const override { return width_; }
 
  private:
   double width_{};
@@ -114,7 +114,7 @@ double CrackModel::LargestWidth(const SlsCaseSolution& solution) const {
   if (IsCracked(solution)) {
     for (const CrackComponent& component : components_) Find(component, solution, widest);
   }
-  return widest.Width();
+  return widest.Threshold();
 }
 
 std::map<int, std::vector<CCrack>> CrackModel::Cracks(const SlsCaseSolution& solution) const {

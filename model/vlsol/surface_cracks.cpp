@@ -59,8 +59,14 @@ bool IsBeyondRange(const CrackWidthParameters& rule, const CrackState& state) {
 // The cracks of one face.
 class Surface {
  public:
-  Surface(const CrackWidthParameters& rule, const CrackState& state, const CrackFace& face)
-      : rule_(rule), state_(state), face_(face), stiffening_(StiffeningOf(state)) {}
+  Surface(const CrackWidthParameters& rule, const CrackState& state,
+          const CrackStiffening& stiffening, const CrackFace& face)
+      : rule_(rule), state_(state), stiffening_(stiffening), face_(face) {
+    const auto& bars = state.Component().bars;
+    areAlike_ = std::all_of(bars.begin(), bars.end(), [&](const CrackBar& bar) {
+      return bar.diameter == bars.front().diameter;
+    });
+  }
 
   // The crack at a place, by the bar whose surface is nearest.
   CCrack At(Vec2<double> p) const {
@@ -88,15 +94,25 @@ class Surface {
     return crack;
   }
 
-  // The widest crack between two places of an edge, with one bar next to both.
-  CCrack WidestBetween(const CrackEdge& edge, double from, double to) const {
-    CCrack widest = At(edge.At(from));
+  // The widest crack between two places of an edge, with one bar next to both; one of the places
+  // where none is wider than the threshold.
+  CCrack WidestBetween(const CrackEdge& edge, double from, double to, int bar,
+                       double threshold) const {
+    const CCrack first = At(edge.At(from));
+    const CCrack last = At(edge.At(to));
+    CCrack widest = last.width > first.width ? last : first;
+    // The strain is linear and, with one bar next to all of the piece, the length grows or falls
+    // away from it. Of bars of several diameters the surface of another may be nearer in between:
+    // then it is at most three distances to this one, which the cover makes less.
+    const double length = areAlike_ ? std::max(first.spacing, last.spacing)
+                                    : rule_.distanceFactor * FarEnd(edge, from, to, bar);
+    const double bound = std::max(first.strain, last.strain) * length;
+    if (bound <= std::max(threshold, widest.width)) return widest;
     const auto take = [&](double s) {
       const CCrack crack = At(edge.At(s));
       if (crack.width > widest.width) widest = crack;
       return crack.width;
     };
-    take(to);
     // Close to a bar the width hardly changes within a piece as short as its cover.
     if (widest.bar >= 0 && to - from <= face_.covers[static_cast<std::size_t>(widest.bar)]) {
       return widest;
@@ -127,6 +143,12 @@ class Surface {
   }
 
  private:
+  // Largest distance of a piece from the surface of a bar.
+  double FarEnd(const CrackEdge& edge, double from, double to, int bar) const {
+    const CrackBar& b = state_.Component().bars[static_cast<std::size_t>(bar)];
+    return std::max(Length(edge.At(from) - b.position), Length(edge.At(to) - b.position)) -
+           b.diameter / 2;
+  }
   double MeanStrainAt(Vec2<double> p) const {
     const double strain = std::max(state_.StrainAt(p), 0.0);
     if (stiffening_.steelArea <= 0.0) return strain;
@@ -135,8 +157,9 @@ class Surface {
 
   const CrackWidthParameters& rule_;
   const CrackState& state_;
+  const CrackStiffening& stiffening_;
   const CrackFace& face_;
-  CrackStiffening stiffening_;
+  bool areAlike_{};  // bars in diameter
 };
 
 }  // namespace
@@ -144,10 +167,11 @@ class Surface {
 void FindSurfaceCracks(const CrackWidthParameters& rule, const CrackState& state, CrackSink& sink) {
   const auto& bars = state.Component().bars;
   const bool isBeyondRange = IsBeyondRange(rule, state);
+  const CrackStiffening stiffening = StiffeningOf(state);
   int number = -1;
   for (const CrackFace& face : state.Component().faces) {
     ++number;
-    const Surface surface(rule, state, face);
+    const Surface surface(rule, state, stiffening, face);
     const auto add = [&](CCrack crack) {
       if (!(crack.width > 0.0)) return;
       crack.face = number;
@@ -161,15 +185,15 @@ void FindSurfaceCracks(const CrackWidthParameters& rule, const CrackState& state
       if (state.StrainAt(edge.start) <= 0.0 && state.StrainAt(edge.At(edge.length)) <= 0.0) {
         continue;
       }
-      if (bars.empty()) add(surface.WidestBetween(edge, 0.0, edge.length));
+      if (bars.empty()) add(surface.WidestBetween(edge, 0.0, edge.length, -1, sink.Threshold()));
       ForEachNearestBar(
           edge, 0.0, edge.length, bars, [](const CrackBar&) { return true; },
           [&](double from, double to, int bar) {
             const double foot = std::clamp(
                 Dot(bars[static_cast<std::size_t>(bar)].position - edge.start, edge.direction),
                 from, to);
-            add(surface.WidestBetween(edge, from, foot));
-            add(surface.WidestBetween(edge, foot, to));
+            add(surface.WidestBetween(edge, from, foot, bar, sink.Threshold()));
+            add(surface.WidestBetween(edge, foot, to, bar, sink.Threshold()));
           });
     }
   }
