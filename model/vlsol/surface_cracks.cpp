@@ -68,14 +68,17 @@ class Surface {
     });
   }
 
-  // The crack at a place, by the bar whose surface is nearest.
-  CCrack At(Vec2<double> p) const {
+  // The crack at a place, by the bar whose surface is nearest; the centre of `nearest` is.
+  CCrack At(Vec2<double> p, int nearest) const {
     CCrack crack;
     crack.position = p;
     crack.strain = MeanStrainAt(p);
     const auto& bars = state_.Component().bars;
     double distance = std::numeric_limits<double>::infinity();
-    for (std::size_t i = 0; i < bars.size(); ++i) {
+    const auto one = static_cast<std::size_t>(std::max(nearest, 0));
+    const std::size_t begin = areAlike_ ? one : 0;
+    const std::size_t end = areAlike_ ? std::min(one + 1, bars.size()) : bars.size();
+    for (std::size_t i = begin; i < end; ++i) {
       const double d = Length(p - bars[i].position) - bars[i].diameter / 2;
       if (d >= distance) continue;
       distance = d;
@@ -98,8 +101,8 @@ class Surface {
   // where none is wider than the threshold.
   CCrack WidestBetween(const CrackEdge& edge, double from, double to, int bar,
                        double threshold) const {
-    const CCrack first = At(edge.At(from));
-    const CCrack last = At(edge.At(to));
+    const CCrack first = At(edge.At(from), bar);
+    const CCrack last = At(edge.At(to), bar);
     CCrack widest = last.width > first.width ? last : first;
     // The strain is linear and, with one bar next to all of the piece, the length grows or falls
     // away from it. Of bars of several diameters the surface of another may be nearer in between:
@@ -109,7 +112,7 @@ class Surface {
     const double bound = std::max(first.strain, last.strain) * length;
     if (bound <= std::max(threshold, widest.width)) return widest;
     const auto take = [&](double s) {
-      const CCrack crack = At(edge.At(s));
+      const CCrack crack = At(edge.At(s), bar);
       if (crack.width > widest.width) widest = crack;
       return crack.width;
     };
