@@ -1,6 +1,6 @@
 """Runs `velmo curve` and `velmo clipboard` as their users do.
 
-usage: exchange_program_test.py PATH_OF_VELMO
+usage: velmo_exchange_test.py PATH_OF_VELMO
 """
 
 import csv
