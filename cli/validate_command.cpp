@@ -23,7 +23,7 @@ struct Arguments {
 
 constexpr const char* kExample = R"(Example:
   velmo validate column.json
-  velmo validate --schema > velmo-document.schema.json
+  velmo validate --schema
 Each line says where something stands that was not understood, what was found and what was
 expected; in its place the document takes the default. Exit status 1 when there is any.
 --schema prints the JSON Schema of documents, by which editors complete and check what is typed.)";
