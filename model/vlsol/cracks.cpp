@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstddef>
 #include <limits>
+#include <tuple>
 #include <utility>
 #include <variant>
 
@@ -41,7 +42,7 @@ class Widest : public CrackSink {
 
 // What cracks are ordered by; without a width by what the formula would give beyond its range.
 std::pair<double, double> Size(const CCrack& crack) {
-  return {crack.width, crack.spacing * crack.strain};
+  return {crack.width, std::isfinite(crack.width) ? 0.0 : crack.spacing * crack.strain};
 }
 
 // Keeps the widest crack of each bar and face.
@@ -58,13 +59,13 @@ class Collection : public CrackSink {
     }
   }
   std::vector<CCrack> Sorted() && {
-    // Faces with the same bars have the same width but for round-off.
-    std::stable_sort(cracks_.begin(), cracks_.end(), [](const CCrack& a, const CCrack& b) {
-      if (std::isfinite(a.width) && std::isfinite(b.width)) {
-        return static_cast<float>(a.width) > static_cast<float>(b.width);
-      }
-      return Size(a) > Size(b);
-    });
+    // Faces with the same bars, and parts of a face, have the same width but for round-off.
+    const auto key = [](const CCrack& c) {
+      const auto [width, size] = Size(c);
+      return std::tuple(-static_cast<float>(width), -static_cast<float>(size), c.face, c.bar);
+    };
+    std::sort(cracks_.begin(), cracks_.end(),
+              [key](const CCrack& a, const CCrack& b) { return key(a) < key(b); });
     return std::move(cracks_);
   }
 
