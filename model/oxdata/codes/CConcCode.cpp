@@ -71,7 +71,8 @@ CConcCode::CConcCode(ConcCode code, const NationalAnnex& annex) {
   if (annexed == std::end(kAnnexedCodes)) {
     throw std::invalid_argument("the design code has no national annexes");
   }
-  for (const AnnexParameter& p : CConcCode(code, CCountry::Code::none).Data().annexParameters) {
+  const CConcCode recommended(code, CCountry::Code::none);
+  for (const AnnexParameter& p : recommended.Data().annexParameters) {
     if (!IsAllowed(p, ChoiceFor(annex, p.name))) {
       throw std::invalid_argument(std::string(p.name) + " is " + AllowedText(p));
     }
