@@ -24,8 +24,8 @@ VelmoApp OpenForEdit(const std::filesystem::path& path);
 /// "sections[1].tasks[1].sls: found 3, expected ...".
 std::string ProblemText(const Data::ReadProblem& problem);
 
-/// Writes the document, which from then on lives at `path`, and reads it back. A file that was there
-/// is replaced only when the new one is complete.
+/// Writes the document, which from then on lives at `path`, and reads it back. A file that was
+/// there is replaced only when the new one is complete.
 /// @throws std::runtime_error when the file cannot be written or reads back differently; then
 /// nothing is left behind.
 void SaveDocument(VelmoApp& app, const std::filesystem::path& path);

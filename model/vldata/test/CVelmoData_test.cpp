@@ -1,8 +1,8 @@
-#include "model/oxutil/text.h"
 #include "model/vldata/document/CVelmoData.h"
 
 #include <gtest/gtest.h>
 
+#include "model/oxutil/text.h"
 #include "model/vldata/document/standard_grades.h"
 #include "model/vldata/test/test_documents.h"
 

@@ -7,8 +7,8 @@ namespace Orlix::Data::Design::Bs8110 {
 struct CrackWidthParameters {
   static constexpr const char* kLength = "width over strain";  ///< of equation 12
   static constexpr const char* kStrain = "mean strain";        ///< eps_m
-  double distanceFactor{3.0};      ///< of a_cr, equation 12
-  double coverFactor{2.0};         ///< of a_cr - c_min, equation 12
+  double distanceFactor{3.0};                                  ///< of a_cr, equation 12
+  double coverFactor{2.0};                                     ///< of a_cr - c_min, equation 12
   double stiffeningStress{1.0e6};  ///< of the concrete in equation 13 [Pa]
   double stiffeningDivisor{3.0};   ///< equation 13
   double steelStrainShare{0.8};    ///< the rule holds up to this part of f_y/E_s, 3.8.3
