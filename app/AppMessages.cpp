@@ -3,7 +3,7 @@
 #include <cstddef>
 
 #include "model/vldata/response/CompileMessages.h"
-#include "model/vlsol/diagrams.h"
+#include "model/vlsol/diagrams/diagrams.h"
 
 namespace Orlix::AppMessages {
 

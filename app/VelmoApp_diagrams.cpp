@@ -12,7 +12,7 @@
 #include "app/VelmoApp.h"
 #include "app/current_results.h"
 #include "app/diagram_json.h"
-#include "model/vlsol/diagrams.h"
+#include "model/vlsol/diagrams/diagrams.h"
 
 namespace Orlix {
 

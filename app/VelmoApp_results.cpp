@@ -17,7 +17,7 @@
 #include "model/oxutil/ForEachCase.h"
 #include "model/vldata/response/results_stamp.h"
 #include "model/vlsol/Solver.h"
-#include "model/vlsol/cracks.h"
+#include "model/vlsol/cracks/cracks.h"
 
 namespace Orlix {
 

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "model/oxutil/json_fwd.h"
-#include "model/vlsol/diagrams.h"
+#include "model/vlsol/diagrams/diagrams.h"
 
 namespace Orlix {
 

@@ -6,8 +6,8 @@
 
 #include "cli/bench_sections.h"
 #include "model/vldata/response/SectionCompiler.h"
-#include "model/vlsol/diagrams.h"
-#include "model/vlsol/strength_reduction.h"
+#include "model/vlsol/diagrams/diagrams.h"
+#include "model/vlsol/strength_reduction/strength_reduction.h"
 
 namespace Orlix::Bench {
 namespace {

@@ -18,7 +18,7 @@
 #include "model/vldata/response/SectionCompiler.h"
 #include "model/vlsol/Solver.h"
 #include "model/vlsol/sls.h"
-#include "model/vlsol/strength_reduction.h"
+#include "model/vlsol/strength_reduction/strength_reduction.h"
 #include "model/vlsol/uls.h"
 
 namespace Orlix::Bench {

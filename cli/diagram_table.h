@@ -3,7 +3,7 @@
 #include <iosfwd>
 
 #include "app/VelmoApp.h"
-#include "model/vlsol/diagrams.h"
+#include "model/vlsol/diagrams/diagrams.h"
 
 namespace Orlix::Cli {
 

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "model/oxutil/CUnit.h"
-#include "model/vlsol/diagrams.h"
+#include "model/vlsol/diagrams/diagrams.h"
 #include "plot/Canvas.h"
 #include "plot/LabelPlacer.h"
 

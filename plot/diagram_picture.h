@@ -3,7 +3,7 @@
 #include <string>
 
 #include "app/VelmoApp.h"
-#include "model/vlsol/diagrams.h"
+#include "model/vlsol/diagrams/diagrams.h"
 #include "plot/picture.h"
 
 namespace Orlix::Plot {

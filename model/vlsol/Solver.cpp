@@ -10,9 +10,9 @@
 #include "model/oxutil/ForEachCase.h"
 #include "model/vldata/response/SectionCompiler.h"
 #include "model/vldata/response/results_stamp.h"
-#include "model/vlsol/cracks.h"
+#include "model/vlsol/cracks/cracks.h"
 #include "model/vlsol/sls.h"
-#include "model/vlsol/strength_reduction.h"
+#include "model/vlsol/strength_reduction/strength_reduction.h"
 #include "model/vlsol/uls.h"
 
 namespace Orlix::VlSol {

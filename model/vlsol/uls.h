@@ -2,7 +2,7 @@
 
 #include "model/oxnumeric/section/CompiledSection.h"
 #include "model/vldata/document/UlSResult.h"
-#include "model/vlsol/strength_reduction.h"
+#include "model/vlsol/strength_reduction/strength_reduction.h"
 
 namespace Orlix::VlSol {
 

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "model/vlsol/diagrams.h"
+#include "model/vlsol/diagrams/diagrams.h"
 #include "plot/diagram_picture.h"
 #include "plot/section_picture.h"
 #include "reports/html/ReportText.h"

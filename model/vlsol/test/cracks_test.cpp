@@ -1,6 +1,6 @@
 // Crack widths of sections at a given cracked plane, so that all that is checked is the rule and
 // what the geometry gives it.
-#include "model/vlsol/cracks.h"
+#include "model/vlsol/cracks/cracks.h"
 
 #include <gtest/gtest.h>
 

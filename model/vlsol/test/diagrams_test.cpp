@@ -1,5 +1,5 @@
 // Diagrams against closed forms, against the capacity search, and as curves.
-#include "model/vlsol/diagrams.h"
+#include "model/vlsol/diagrams/diagrams.h"
 
 #include <gtest/gtest.h>
 

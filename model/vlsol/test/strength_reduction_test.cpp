@@ -1,6 +1,6 @@
 // Strength reduction of ACI 318-19 by hand: a column of 0.4 x 0.6 m, f'c 28 MPa and Grade 60, whose
 // nominal state at a given depth c of the neutral axis is known in closed form.
-#include "model/vlsol/strength_reduction.h"
+#include "model/vlsol/strength_reduction/strength_reduction.h"
 
 #include <gtest/gtest.h>
 

@@ -8,8 +8,8 @@
 #include "model/oxnumeric/section/CompiledSection.h"
 #include "model/oxnumeric/section/failure.h"
 #include "model/vldata/document/CVelmoData.h"
-#include "model/vlsol/neutral_axis_factor.h"
-#include "model/vlsol/squash_line.h"
+#include "model/vlsol/strength_reduction/neutral_axis_factor.h"
+#include "model/vlsol/strength_reduction/squash_line.h"
 
 namespace Orlix::VlSol {
 

@@ -1,4 +1,4 @@
-#include "model/vlsol/moment_curvature.h"
+#include "model/vlsol/diagrams/moment_curvature.h"
 
 #include <algorithm>
 #include <cmath>
@@ -12,11 +12,11 @@
 #include "model/oxnumeric/section/equilibrium.h"
 #include "model/oxnumeric/section/failure.h"
 #include "model/oxnumeric/section/gauge.h"
-#include "model/vlsol/CurvatureWalk.h"
-#include "model/vlsol/diagram_strains.h"
+#include "model/vlsol/diagrams/CurvatureWalk.h"
+#include "model/vlsol/diagrams/diagram_strains.h"
+#include "model/vlsol/diagrams/root_between.h"
+#include "model/vlsol/diagrams/worst_intervals.h"
 #include "model/vlsol/reported_plane.h"
-#include "model/vlsol/root_between.h"
-#include "model/vlsol/worst_intervals.h"
 
 namespace Orlix::VlSol {
 

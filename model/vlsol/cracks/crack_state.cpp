@@ -1,4 +1,4 @@
-#include "model/vlsol/crack_state.h"
+#include "model/vlsol/cracks/crack_state.h"
 
 #include <algorithm>
 #include <cmath>

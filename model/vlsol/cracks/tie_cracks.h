@@ -1,7 +1,7 @@
 #pragma once
 
 #include "model/oxdata/codes/en1992/crack_width.h"
-#include "model/vlsol/crack_state.h"
+#include "model/vlsol/cracks/crack_state.h"
 
 namespace Orlix::VlSol {
 

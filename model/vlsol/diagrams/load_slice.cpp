@@ -1,4 +1,4 @@
-#include "model/vlsol/load_slice.h"
+#include "model/vlsol/diagrams/load_slice.h"
 
 #include <algorithm>
 #include <cmath>
@@ -7,8 +7,8 @@
 
 #include "model/oxnumeric/section/equilibrium.h"
 #include "model/oxnumeric/section/gauge.h"
-#include "model/vlsol/root_between.h"
-#include "model/vlsol/worst_intervals.h"
+#include "model/vlsol/diagrams/root_between.h"
+#include "model/vlsol/diagrams/worst_intervals.h"
 
 namespace Orlix::VlSol {
 

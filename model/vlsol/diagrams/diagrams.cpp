@@ -1,4 +1,4 @@
-#include "model/vlsol/diagrams.h"
+#include "model/vlsol/diagrams/diagrams.h"
 
 #include <algorithm>
 #include <cmath>
@@ -7,9 +7,9 @@
 #include <stdexcept>
 
 #include "model/vldata/response/SectionCompiler.h"
-#include "model/vlsol/closed_diagrams.h"
-#include "model/vlsol/moment_curvature.h"
-#include "model/vlsol/service_curvature.h"
+#include "model/vlsol/diagrams/closed_diagrams.h"
+#include "model/vlsol/diagrams/moment_curvature.h"
+#include "model/vlsol/diagrams/service_curvature.h"
 #include "model/vlsol/sls.h"
 
 namespace Orlix::VlSol {

@@ -1,4 +1,4 @@
-#include "model/vlsol/tie_cracks.h"
+#include "model/vlsol/cracks/tie_cracks.h"
 
 #include <algorithm>
 #include <cmath>

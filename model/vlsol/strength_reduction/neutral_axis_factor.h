@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "model/oxdata/codes/as3600/strength_reduction.h"
-#include "model/vlsol/crushing_planes.h"
+#include "model/vlsol/strength_reduction/crushing_planes.h"
 
 namespace Orlix::VlSol {
 

@@ -1,4 +1,4 @@
-#include "model/vlsol/neutral_axis_factor.h"
+#include "model/vlsol/strength_reduction/neutral_axis_factor.h"
 
 #include <algorithm>
 #include <cmath>

@@ -6,7 +6,7 @@
 #include "model/oxnumeric/section/CompiledSection.h"
 #include "model/oxutil/Enumerations.h"
 #include "model/vldata/document/CVelmoData.h"
-#include "model/vlsol/strength_reduction.h"
+#include "model/vlsol/strength_reduction/strength_reduction.h"
 
 namespace Orlix::VlSol {
 

@@ -1,4 +1,4 @@
-#include "model/vlsol/service_curvature.h"
+#include "model/vlsol/diagrams/service_curvature.h"
 
 #include <algorithm>
 #include <cmath>
@@ -6,9 +6,9 @@
 #include <limits>
 #include <vector>
 
-#include "model/vlsol/diagram_strains.h"
-#include "model/vlsol/root_between.h"
-#include "model/vlsol/worst_intervals.h"
+#include "model/vlsol/diagrams/diagram_strains.h"
+#include "model/vlsol/diagrams/root_between.h"
+#include "model/vlsol/diagrams/worst_intervals.h"
 
 namespace Orlix::VlSol {
 

@@ -1,4 +1,4 @@
-#include "model/vlsol/closed_diagrams.h"
+#include "model/vlsol/diagrams/closed_diagrams.h"
 
 #include <algorithm>
 #include <cmath>
@@ -12,8 +12,8 @@
 #include "model/oxnumeric/section/failure.h"
 #include "model/oxnumeric/section/gauge.h"
 #include "model/oxnumeric/section/kernel.h"
-#include "model/vlsol/diagram_strains.h"
-#include "model/vlsol/load_slice.h"
+#include "model/vlsol/diagrams/diagram_strains.h"
+#include "model/vlsol/diagrams/load_slice.h"
 #include "model/vlsol/reported_plane.h"
 
 namespace Orlix::VlSol {

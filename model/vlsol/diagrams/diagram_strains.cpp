@@ -1,4 +1,4 @@
-#include "model/vlsol/diagram_strains.h"
+#include "model/vlsol/diagrams/diagram_strains.h"
 
 #include <algorithm>
 #include <cstddef>

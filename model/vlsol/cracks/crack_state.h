@@ -1,7 +1,7 @@
 #pragma once
 
 #include "model/vldata/records/CCrack.h"
-#include "model/vlsol/crack_geometry.h"
+#include "model/vlsol/cracks/crack_geometry.h"
 
 namespace Orlix::VlSol {
 

@@ -8,8 +8,8 @@
 #include "model/vldata/document/CVelmoData.h"
 #include "model/vldata/document/SLSResult.h"
 #include "model/vldata/records/CCrack.h"
-#include "model/vlsol/crack_geometry.h"
-#include "model/vlsol/crack_state.h"
+#include "model/vlsol/cracks/crack_geometry.h"
+#include "model/vlsol/cracks/crack_state.h"
 
 namespace Orlix::VlSol {
 

@@ -1,4 +1,4 @@
-#include "model/vlsol/CurvatureWalk.h"
+#include "model/vlsol/diagrams/CurvatureWalk.h"
 
 #include <algorithm>
 #include <cmath>

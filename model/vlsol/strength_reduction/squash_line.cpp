@@ -1,4 +1,4 @@
-#include "model/vlsol/squash_line.h"
+#include "model/vlsol/strength_reduction/squash_line.h"
 
 #include <algorithm>
 #include <cmath>

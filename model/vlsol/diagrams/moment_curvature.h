@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/vlsol/diagrams.h"
+#include "model/vlsol/diagrams/diagrams.h"
 
 namespace Orlix::VlSol {
 

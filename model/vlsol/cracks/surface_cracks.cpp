@@ -1,4 +1,4 @@
-#include "model/vlsol/surface_cracks.h"
+#include "model/vlsol/cracks/surface_cracks.h"
 
 #include <algorithm>
 #include <cmath>

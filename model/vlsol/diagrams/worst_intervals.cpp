@@ -1,4 +1,4 @@
-#include "model/vlsol/worst_intervals.h"
+#include "model/vlsol/diagrams/worst_intervals.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,4 +1,4 @@
-#include "model/vlsol/strength_reduction.h"
+#include "model/vlsol/strength_reduction/strength_reduction.h"
 
 #include <algorithm>
 #include <cmath>

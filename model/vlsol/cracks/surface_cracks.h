@@ -1,7 +1,7 @@
 #pragma once
 
 #include "model/oxdata/codes/bs8110/crack_width.h"
-#include "model/vlsol/crack_state.h"
+#include "model/vlsol/cracks/crack_state.h"
 
 namespace Orlix::VlSol {
 

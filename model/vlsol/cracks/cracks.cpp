@@ -1,4 +1,4 @@
-#include "model/vlsol/cracks.h"
+#include "model/vlsol/cracks/cracks.h"
 
 #include <algorithm>
 #include <cmath>
@@ -8,8 +8,8 @@
 #include <utility>
 #include <variant>
 
-#include "model/vlsol/surface_cracks.h"
-#include "model/vlsol/tie_cracks.h"
+#include "model/vlsol/cracks/surface_cracks.h"
+#include "model/vlsol/cracks/tie_cracks.h"
 
 namespace Orlix::VlSol {
 namespace {

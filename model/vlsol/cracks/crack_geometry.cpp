@@ -1,4 +1,4 @@
-#include "model/vlsol/crack_geometry.h"
+#include "model/vlsol/cracks/crack_geometry.h"
 
 #include <algorithm>
 #include <cmath>

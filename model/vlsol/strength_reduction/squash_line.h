@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "model/oxnumeric/section/failure.h"
-#include "model/vlsol/crushing_planes.h"
+#include "model/vlsol/strength_reduction/crushing_planes.h"
 
 namespace Orlix::VlSol {
 

@@ -1,4 +1,4 @@
-#include "model/vlsol/crushing_planes.h"
+#include "model/vlsol/strength_reduction/crushing_planes.h"
 
 #include <algorithm>
 #include <cmath>
