@@ -1,13 +1,12 @@
 #include "cli/UnitText.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
-#include <limits>
 #include <numbers>
 
 #include "model/oxutil/StringFrom.h"
 #include "model/oxutil/text.h"
+#include "results/result_text.h"
 
 namespace Orlix::Cli {
 
@@ -21,19 +20,6 @@ Vec3<double> WithoutRounding(const Vec3<double>& v) {
   const double limit = kRounding * std::max({std::abs(v.x), std::abs(v.y), std::abs(v.z)});
   const auto cleaned = [limit](double value) { return std::abs(value) < limit ? 0.0 : value; };
   return {cleaned(v.x), cleaned(v.y), cleaned(v.z)};
-}
-
-std::string Fixed(double value, int decimals) {
-  char buffer[400];  // the largest double has 309 digits before the point
-  const auto end =
-      std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed, decimals).ptr;
-  return std::string(buffer, end);
-}
-
-bool IsRoundedAcrossOne(double value, const std::string& text) {
-  double shown{};
-  std::from_chars(text.data(), text.data() + text.size(), shown);
-  return (value < 1.0) != (shown < 1.0) || (value > 1.0) != (shown > 1.0);
 }
 
 }  // namespace
@@ -77,18 +63,6 @@ std::array<std::string, 3> UnitText::LoadAtFailure(const Data::Velmo9::VelmoLoad
 
 std::array<std::string, 3> UnitText::PlaneAtFailure(const Data::Velmo9::Deformation& plane) const {
   return plane.Vector() == Vec3<double>{} ? kNothing : Plane(plane);
-}
-
-std::string UtilisationText(double utilisation) {
-  if (utilisation == std::numeric_limits<double>::infinity()) return "no capacity";
-  if (!std::isfinite(utilisation)) return kNotCalculated;
-  if (utilisation >= 1e6) return StringFrom(utilisation);
-  std::string text;
-  for (int decimals = 3; decimals <= std::numeric_limits<double>::max_digits10; ++decimals) {
-    text = Fixed(utilisation, decimals);
-    if (!IsRoundedAcrossOne(utilisation, text)) break;
-  }
-  return text;
 }
 
 std::string AngleText(double angle) {

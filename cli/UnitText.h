@@ -37,10 +37,6 @@ class UnitText {
   Data::CUnit units_;
 };
 
-/// A utilisation with three decimals, or as many as it takes to keep it on its side of 1.
-/// "no capacity" for +infinity, "-" for what is not calculated.
-std::string UtilisationText(double utilisation);
-
 /// An angle in degrees.
 std::string AngleText(double angle);
 

@@ -9,6 +9,7 @@
 #include "cli/case_table.h"
 #include "cli/detail_tables.h"
 #include "model/oxutil/StringFrom.h"
+#include "results/result_text.h"
 
 namespace Orlix::Cli {
 

@@ -46,8 +46,4 @@ void ForEachSlsRecord(const VelmoApp& app, int iSec, int iTask, std::span<const 
   });
 }
 
-double GoverningUtilisation(const Data::Velmo9::UlSResult& result, LoadAction action) {
-  return action == LoadAction::load ? result.LoadUtilisation() : result.DeformationUtilisation();
-}
-
 }  // namespace Orlix::Cli

@@ -22,7 +22,4 @@ void ForEachUlsRecord(const VelmoApp& app, int iSec, int iTask, std::span<const 
 void ForEachSlsRecord(const VelmoApp& app, int iSec, int iTask, std::span<const int> cases,
                       const std::function<void(int, const Data::Velmo9::CaseSLSDetails&)>& use);
 
-/// The number that ranks a case: how far its input goes towards what the section bears.
-double GoverningUtilisation(const Data::Velmo9::UlSResult& result, LoadAction action);
-
 }  // namespace Orlix::Cli

@@ -16,6 +16,7 @@
 #include "cli/printable.h"
 #include "model/oxutil/StringFrom.h"
 #include "model/oxutil/text.h"
+#include "results/result_text.h"
 
 namespace Orlix::Cli {
 

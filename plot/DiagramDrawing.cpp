@@ -8,6 +8,7 @@
 #include "plot/drawing_text.h"
 #include "plot/marks.h"
 #include "plot/ticks.h"
+#include "results/result_text.h"
 
 namespace Orlix::Plot {
 

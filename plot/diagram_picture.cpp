@@ -13,6 +13,7 @@
 #include "plot/drawing_text.h"
 #include "plot/problem_box.h"
 #include "plot/section_text.h"
+#include "results/result_text.h"
 
 namespace Orlix::Plot {
 

@@ -3,32 +3,19 @@
 #include <charconv>
 #include <cmath>
 #include <cstddef>
-#include <limits>
 
 #include "model/oxutil/text.h"
 #include "model/oxutil/utf.h"
+#include "results/result_text.h"
 
 namespace Orlix::Plot {
 
 namespace {
 
-std::string Fixed(double value, int decimals) {
-  char buffer[400];  // the largest double has 309 digits before the point
-  const auto end =
-      std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed, decimals).ptr;
-  return std::string(buffer, end);
-}
-
 // Control characters, the line and paragraph separators and what turns the direction of a line.
 bool IsUndrawable(char32_t c) {
   return c < 0x20 || (c >= 0x7F && c < 0xA0) || (c >= 0x200B && c <= 0x200F) ||
          (c >= 0x2028 && c <= 0x202E) || (c >= 0x2066 && c <= 0x2069) || c == 0xFEFF;
-}
-
-bool IsAcrossOne(double value, const std::string& text) {
-  double shown{};
-  std::from_chars(text.data(), text.data() + text.size(), shown);
-  return (value < 1.0) != (shown < 1.0) || (value > 1.0) != (shown > 1.0);
 }
 
 }  // namespace
@@ -59,18 +46,6 @@ std::string NumberText(double value, int digits) {
   if (text.find('.') != std::string::npos) {
     text.erase(text.find_last_not_of('0') + 1);
     if (text.back() == '.') text.pop_back();
-  }
-  return text;
-}
-
-std::string UtilisationText(double utilisation) {
-  if (utilisation == std::numeric_limits<double>::infinity()) return "no capacity";
-  if (!std::isfinite(utilisation)) return "-";
-  if (utilisation >= 1e6) return NumberText(utilisation);
-  std::string text;
-  for (int decimals = 3; decimals <= std::numeric_limits<double>::max_digits10; ++decimals) {
-    text = Fixed(utilisation, decimals);
-    if (!IsAcrossOne(utilisation, text)) break;
   }
   return text;
 }

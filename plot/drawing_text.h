@@ -15,10 +15,6 @@ std::string Drawable(std::string_view text);
 /// for what is not finite, "0" for either zero.
 std::string NumberText(double value, int digits = 4);
 
-/// A utilisation with three decimals, or as many as keep it on its side of 1; "no capacity" for
-/// +infinity, "-" for what is not calculated.
-std::string UtilisationText(double utilisation);
-
 /// "12.5 kNm": an SI value in the units of a document.
 std::string ValueText(double value, Dimension dimension, const Data::CUnit& units, int digits = 4);
 /// The unit alone, "kNm".

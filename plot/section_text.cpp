@@ -12,6 +12,7 @@
 #include "model/oxutil/text.h"
 #include "plot/PlanDrawing.h"
 #include "plot/drawing_text.h"
+#include "results/result_text.h"
 
 namespace Orlix::Plot {
 

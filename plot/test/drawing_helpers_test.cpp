@@ -60,7 +60,7 @@ TEST(Texts, CarryNothingThatCannotBeDrawn) {
   for (const auto& c : kCases) EXPECT_EQ(Drawable(c.text), c.want);
 }
 
-TEST(Texts, NumbersKeepTheirDigitsAndUtilisationsTheirSide) {
+TEST(Texts, NumbersKeepTheirDigits) {
   const struct {
     double value;
     const char* want;
@@ -68,10 +68,6 @@ TEST(Texts, NumbersKeepTheirDigitsAndUtilisationsTheirSide) {
                   {150000, "150000"}, {-2e-4, "-0.0002"}, {3.125e9, "3.125e+09"},
                   {kInfinity, "-"},   {9.99996, "10"}};
   for (const auto& c : kNumbers) EXPECT_EQ(NumberText(c.value), c.want);
-  EXPECT_EQ(UtilisationText(0.9999), "0.9999");
-  EXPECT_EQ(UtilisationText(1.00002), "1.00002");
-  EXPECT_EQ(UtilisationText(1.0), "1.000");
-  EXPECT_EQ(UtilisationText(kInfinity), "no capacity");
 }
 
 TEST(Canvas, ShortensTextsBetweenCharactersToTheirRoom) {

@@ -7,6 +7,7 @@
 
 #include "app/sls_record.h"
 #include "plot/drawing_text.h"
+#include "results/result_text.h"
 
 namespace Orlix::Velmo {
 
@@ -15,7 +16,6 @@ using Data::Velmo9::CaseSLSDetails;
 using Data::Velmo9::SLSResult;
 using Data::Velmo9::SlsResultKind;
 using Plot::NumberText;
-using Plot::UtilisationText;
 
 namespace {
 

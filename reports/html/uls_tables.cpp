@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "plot/drawing_text.h"
+#include "results/result_text.h"
 
 namespace Orlix::Velmo {
 
@@ -13,16 +14,10 @@ using Data::Velmo9::AnalysisTask;
 using Data::Velmo9::CaseULSDetails;
 using Data::Velmo9::UlSResult;
 using Plot::NumberText;
-using Plot::UtilisationText;
 
 namespace {
 
 constexpr std::size_t kGoverning = 5;  // cases that are shown in full
-
-double GoverningUtilisation(const AnalysisTask& task, const UlSResult& result) {
-  return task.Action() == LoadAction::load ? result.LoadUtilisation()
-                                           : result.DeformationUtilisation();
-}
 
 Columns UlsColumns(const TaskContext& c) {
   Columns columns = InputColumns(c);
@@ -35,7 +30,7 @@ Columns UlsColumns(const TaskContext& c) {
 Cells UlsCells(const TaskContext& c, int iCase) {
   const UlSResult result = c.task.ULSResult(iCase, false);
   Cells cells = InputCells(c, iCase);
-  cells.push_back(UtilisationText(GoverningUtilisation(c.task, result)));
+  cells.push_back(UtilisationText(GoverningUtilisation(result, c.task.Action())));
   cells.push_back(UtilisationText(result.MomentRatio()));
   if (c.hasPhi) cells.push_back(result.IsFail() ? "-" : NumberText(result.ReductionFactor()));
   cells.push_back(std::string(result.IsFail() ? "FAILS" : "carried") +
@@ -47,7 +42,7 @@ Cells UlsCells(const TaskContext& c, int iCase) {
 
 std::vector<int> RankedUls(const AnalysisTask& task) {
   return SortedCases(task, [&](int iCase) {
-    const double utilisation = GoverningUtilisation(task, task.ULSResult(iCase, false));
+    const double utilisation = GoverningUtilisation(task.ULSResult(iCase, false), task.Action());
     return std::pair(!std::isnan(utilisation), std::isnan(utilisation) ? 0.0 : -utilisation);
   });
 }
@@ -62,7 +57,7 @@ std::string UlsVerdict(const TaskContext& c) {
                       : std::to_string(failed) + " of " + std::to_string(ranked.size()) +
                             " cases are NOT carried") +
          "; case " + ReportText::CaseName(c.task, ranked.front()) + " governs, utilisation " +
-         UtilisationText(GoverningUtilisation(c.task, worst));
+         UtilisationText(GoverningUtilisation(worst, c.task.Action()));
 }
 
 void AddUlsGoverning(const TaskContext& c, HtmlPage& page) {

@@ -1,0 +1,44 @@
+#include "results/result_text.h"
+
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+#include "model/oxutil/StringFrom.h"
+
+namespace Orlix {
+
+namespace {
+
+bool IsRoundedAcrossOne(double value, const std::string& text) {
+  double shown{};
+  std::from_chars(text.data(), text.data() + text.size(), shown);
+  return (value < 1.0) != (shown < 1.0) || (value > 1.0) != (shown > 1.0);
+}
+
+}  // namespace
+
+double GoverningUtilisation(const Data::Velmo9::UlSResult& result, LoadAction action) {
+  return action == LoadAction::load ? result.LoadUtilisation() : result.DeformationUtilisation();
+}
+
+std::string UtilisationText(double utilisation) {
+  if (utilisation == std::numeric_limits<double>::infinity()) return "no capacity";
+  if (!std::isfinite(utilisation)) return "-";
+  if (utilisation >= 1e6) return StringFrom(utilisation);
+  std::string text;
+  for (int decimals = 3; decimals <= std::numeric_limits<double>::max_digits10; ++decimals) {
+    text = Fixed(utilisation, decimals);
+    if (!IsRoundedAcrossOne(utilisation, text)) break;
+  }
+  return text;
+}
+
+std::string Fixed(double value, int decimals) {
+  char buffer[400];  // the largest double has 309 digits before the point
+  const auto end =
+      std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed, decimals).ptr;
+  return std::string(buffer, end);
+}
+
+}  // namespace Orlix
