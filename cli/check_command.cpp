@@ -12,6 +12,7 @@
 #include "cli/option_checks.h"
 #include "cli/prepare_task.h"
 #include "cli/printable.h"
+#include "model/vldata/document/used_grades.h"
 #include "model/vldata/response/bar_problems.h"
 
 namespace Orlix::Cli {
@@ -30,7 +31,8 @@ constexpr const char* kExample = R"(Example:
 
 Each line says what keeps a task from being solved. Tasks whose cases preload another one are solved
 first, in memory; the task that is checked is not. Exit status 1 when there is any message,
-also about values of the document that were not understood.)";
+also about values of the document that were not understood. Notes on safety factors that are none
+of the code's, as of grades that stayed when the code changed, are no messages in that sense.)";
 
 // What keeps a section and tasks of it from being solved, each message once.
 std::vector<std::string> MessagesOf(VelmoApp& app, int iSec, const std::vector<int>& tasks) {
@@ -65,6 +67,9 @@ int Run(const Arguments& arguments) {
     for (const std::string& message : MessagesOf(app, iSec, tasks)) {
       std::cout << place << Printable(message) << '\n';
       isAny = true;
+    }
+    for (const std::string& line : Data::ForeignFactors(document, document.Section(iSec))) {
+      std::cout << place << "note: factors not of the code: " << Printable(line) << '\n';
     }
   }
   if (isAny) return kProblems;

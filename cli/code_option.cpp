@@ -15,6 +15,7 @@
 #include "cli/commands.h"
 #include "cli/documents.h"
 #include "cli/json_input.h"
+#include "model/oxutil/StringFrom.h"
 #include "model/oxutil/json.h"
 #include "model/oxutil/text.h"
 #include "model/vldata/json/annex_json.h"
@@ -76,11 +77,24 @@ struct Heading {
 
 constexpr std::array<Heading, 5> kHeadings = {{
     {GradeChange::Kind::replaced, "takes the new code's values"},
-    {GradeChange::Kind::keptInUse, "stays: in use, and the new code does not know it"},
+    {GradeChange::Kind::keptInUse,
+     "stays: in use, and the new code does not know it; its factors are those it had"},
     {GradeChange::Kind::keptOwn, "stays: edited or your own, its factors are those it had"},
     {GradeChange::Kind::removed, "gone: the old code's, not in use"},
     {GradeChange::Kind::added, "added"},
 }};
+
+// Of a grade that stays: " (alpha 1, gamma 1.5)".
+std::string FactorsOf(const Data::CVelmoData& document, const GradeChange& change) {
+  if (change.kind != GradeChange::Kind::keptInUse && change.kind != GradeChange::Kind::keptOwn) {
+    return {};
+  }
+  const auto materials = document.getMaterials();
+  const int grade = materials->Find(change.type, change.name.View());
+  if (!materials->IsValidGrade(change.type, grade)) return {};
+  const auto& p = materials->Grade(change.type, grade).Properties();
+  return " (alpha " + StringFrom(p.alpha) + ", gamma " + StringFrom(p.gamma) + ")";
+}
 
 }  // namespace
 
@@ -116,7 +130,7 @@ void PrintGradeChanges(const Data::CVelmoData& document, std::ostream& out) {
       std::vector<std::string> names;
       for (const GradeChange& change : document.GradeChanges()) {
         if (change.type != type || change.kind != heading.kind) continue;
-        names.push_back(to_string(change.name));
+        names.push_back(to_string(change.name) + FactorsOf(document, change));
       }
       if (names.empty()) continue;
       out << typeName << ", " << heading.text << ": " << Joined(names) << '\n';

@@ -22,6 +22,7 @@
 #include "cli/solve_task.h"
 #include "model/oxutil/AtomicFile.h"
 #include "model/oxutil/text.h"
+#include "model/vldata/document/used_grades.h"
 
 namespace Orlix::Cli {
 
@@ -100,6 +101,9 @@ void PrintTitle(const CVelmoData& document, const Job& job, const char* limitSta
   if (const auto& from = task.PreloadFrom()) {
     out << "Built on task " << from->task << ", case " << from->iCase
         << ": planes come on top of its strains; loads, strains and stresses are totals\n";
+  }
+  for (const std::string& line : Data::ForeignFactors(document, section)) {
+    out << "Factors not of the code: " << Printable(line) << '\n';
   }
   out << '\n';
 }

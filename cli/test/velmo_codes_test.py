@@ -7,6 +7,7 @@ usage: velmo_codes_test.py VELMO
 import json
 import os
 import pathlib
+import shutil
 import subprocess
 import sys
 import tempfile
@@ -71,7 +72,19 @@ class Codes(unittest.TestCase):
                 self.assertEqual(documents[0][part], documents[1][part])
             self.run_velmo("validate", made)
             said = self.run_velmo("set", made, "--code", "BS 8110-1:1997").stdout
-            self.assertIn("in use, and the new code does not know it: C30/37", said)
+            self.assertRegex(said, r"does not know it; .*: C30/37 \(alpha \S+, gamma \S+\)")
+
+    def test_grades_that_stay_are_named_with_their_factors_wherever_they_count(self):
+        examples = pathlib.Path(__file__).parents[2] / "examples"
+        with tempfile.TemporaryDirectory() as folder:
+            document = os.path.join(folder, "pier.json")
+            shutil.copy(examples / "circular-pier.json", document)
+            foreign = 'reinforcement "Grade 60": alpha 1, gamma 1; the grades of EN 1992-1-1:2004'
+            for command in ("solve", "check"):
+                self.assertNotIn("actors not of the code", self.run_velmo(command, document).stdout)
+            self.run_velmo("set", document, "--code", "EN 1992-1-1:2004")
+            for command in ("solve", "check"):  # ACI's nominal strengths under partial factors
+                self.assertIn(foreign, self.run_velmo(command, document).stdout)
 
     def test_what_is_not_known_is_said_with_what_is(self):
         self.assertIn("ACI 318-19", self.run_velmo("codes", "ACI", status=2).stderr)

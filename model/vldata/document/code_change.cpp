@@ -8,30 +8,10 @@
 #include <utility>
 
 #include "model/vldata/document/standard_grades.h"
+#include "model/vldata/document/used_grades.h"
 
 namespace Orlix::Data {
 namespace {
-
-using Grade = std::pair<MatType, int>;
-
-std::set<Grade> UsedGrades(const std::vector<Velmo9::VelmoSection>& sections) {
-  std::set<Grade> used;
-  for (const Velmo9::VelmoSection& section : sections) {
-    for (const CSecComp& component : section.Components()) {
-      used.insert({component.MaterialType(), component.MaterialGrade()});
-      if (!component.ConcreteExist()) continue;
-      const Reinforcement& reinforcement = component.Concrete().GetReinforcement();
-      for (const CBar& bar : reinforcement.bars) {
-        used.insert({MatType::reinforcement, bar.Grade()});
-      }
-      for (const BarDescription& description : reinforcement.descriptions) {
-        used.insert({MatType::reinforcement, description.grade});
-      }
-      used.insert({MatType::reinforcement, reinforcement.links.grade});
-    }
-  }
-  return used;
-}
 
 // By grade of the old table, the grade in the new one; -1: it went.
 using NewGrades = std::vector<int>;
@@ -68,7 +48,7 @@ std::optional<GradeChange::Kind> ChangeOf(const Design::CMat& grade, const Desig
 /// Moves the table of one type.
 /// @return by grade of the old table, the grade in the new one
 NewGrades MoveTable(const Design::CConcCodeData& from, const Design::CConcCodeData& to,
-                    MatType type, const Materials& materials, const std::set<Grade>& used,
+                    MatType type, const Materials& materials, const std::set<GradeIndex>& used,
                     Materials& moved, std::vector<GradeChange>& changes) {
   NewGrades newGrades;
   for (int i = 0; i < materials.NumGrades(type); ++i) {
@@ -91,7 +71,7 @@ NewGrades MoveTable(const Design::CConcCodeData& from, const Design::CConcCodeDa
 std::vector<GradeChange> MoveToCode(const Design::CConcCodeData& from,
                                     const Design::CConcCodeData& to, Materials& materials,
                                     std::vector<Velmo9::VelmoSection>& sections) {
-  const std::set<Grade> used = UsedGrades(sections);
+  const std::set<GradeIndex> used = UsedGrades(sections);
   Materials moved;
   std::vector<GradeChange> changes;
   for (const MatType type :
