@@ -1,3 +1,8 @@
+option(VELMO_PRECOMPILE "Precompile the headers of the standard library that most sources read" OFF)
+# Sources name what they use all the same: they compile alone where the option is off.
+set(VELMO_PRECOMPILED <algorithm> <array> <cmath> <filesystem> <functional> <map> <memory> <optional> <set>
+    <sstream> <string> <variant> <vector>)
+
 # orlix_add_library(name
 #   HEADERS a.h ...          public: found as "<folder>/a.h" from the repository root. Each compiles alone: one with a
 #                            source of its name as the first thing in there, the others by a check of their own
@@ -16,6 +21,10 @@ function(orlix_add_library name)
     add_library(${name} STATIC ${arg_SOURCES})
     set(scope PUBLIC)
     target_link_libraries(${name} PRIVATE orlix_flags ${arg_PRIVATE_DEPENDS})
+    list(LENGTH arg_SOURCES count)
+    if(VELMO_PRECOMPILE AND count GREATER 4)
+      target_precompile_headers(${name} PRIVATE ${VELMO_PRECOMPILED})
+    endif()
   else()
     add_library(${name} INTERFACE)
     set(scope INTERFACE)

@@ -116,7 +116,8 @@ TEST(DocumentSchema, NamesTheFirstFaultAtItsPlace) {
 }
 
 TEST(DocumentSchema, BoundsOfAnnexesAreThoseOfTheCode) {
-  for (const Design::AnnexParameter& parameter : CVelmoData().CodePointer()->annexParameters) {
+  const Design::CConcCode code;
+  for (const Design::AnnexParameter& parameter : code.Data().annexParameters) {
     const double least = parameter.least;
     const double most = parameter.most;
     for (const double number :
