@@ -21,6 +21,7 @@ using VlSol::DiagramPoint;
 namespace {
 
 constexpr TextStyle kNameStyle{2.2};
+constexpr double kNear = 6.0;  // named points that may be taken for each other [mm]
 constexpr TextStyle kLoadStyle{1.9};
 constexpr double kBeyond = 1.5;          // of the curves' size: loads further off are not drawn
 constexpr double kOneScale = 4.0;        // of two moments, unless one is so many times the other
@@ -135,7 +136,11 @@ void DiagramDrawing::Draw(Canvas& canvas) const {
   const std::vector<NamedPoint> named = NamedPointsOf(diagram_);
   for (const NamedPoint& point : named) {
     const Spot at = At(point.point->at);
-    canvas.FillCircle(at, 0.8, kBlack);
+    if (point.isDesign && diagram_.design.size() == 1) {
+      DrawDesignPoint(canvas, at);
+    } else {
+      canvas.FillCircle(at, 0.8, kBlack);
+    }
     placer.Block(Box{at.x - 0.8, at.y - 0.8, at.x + 0.8, at.y + 0.8});
   }
   // What is looked for first has the choice of the places.
@@ -207,17 +212,32 @@ void DiagramDrawing::DrawNames(Canvas& canvas, const std::vector<NamedPoint>& na
                                LabelPlacer& placer) const {
   const Spot middle = plot_.Centre();
   // Names of the design curve stand inside of it, those of a nominal or single one outside.
-  for (const NamedPoint& point : named) {
-    const Spot at = At(point.point->at);
-    const Spot towards = point.isDesign ? middle - at : at - middle;
+  std::vector<Spot> spots;
+  for (const NamedPoint& point : named) spots.push_back(At(point.point->at));
+  for (std::size_t i = 0; i < named.size(); ++i) {
+    const NamedPoint& point = named[i];
+    const Spot at = spots[i];
+    Spot towards = point.isDesign ? middle - at : at - middle;
     const std::string number = std::to_string(point.number);
+    // Among near ones a number on the far side of the others tells whose it is.
+    const Spot* near = nullptr;
+    for (const Spot& other : spots) {
+      if (&other == &spots[i] || Length(other - at) > kNear) continue;
+      if (!near || Length(other - at) < Length(*near - at)) near = &other;
+    }
+    if (near && Length(*near - at) > 0.05) towards = at - *near;
     // A design curve of one point is no curve that would tell what the point belongs to.
     const char* of = point.isDesign && diagram_.design.size() == 1 ? "design " : "";
     for (const std::string& text : {number + "  " + of + NameOf(point.point->mark),
                                     number}) {  // the number alone where it is tight
       const Spot size{canvas.TextWidth(text, kNameStyle) + 0.4, 2.2};
-      const auto box = placer.Place(at, 1.1, size, towards);
+      if (near && text != number) continue;
+      const auto box = placer.Place(at, near ? 1.6 : 1.1, size, towards);
       if (!box) continue;
+      if (near) {
+        const Stroke leader = Within(*box, {at, box->Centre()});
+        canvas.Line(at, leader.from, {0.1});
+      }
       canvas.FillRectangle(*box, kWhite);
       canvas.Text({box->left + 0.2, box->bottom - 0.4}, text, kNameStyle);
       break;

@@ -51,10 +51,40 @@ Bounds BoundsOf(const SectionView& view) {
   return bounds;
 }
 
-// The half of the sheet where the strains of a plane are negative; nothing where none are.
-std::optional<HalfPlane> Compressed(const Data::Velmo9::Deformation& plane,
-                                    const PlanPlace& place) {
-  const Vec3<double>& v = plane.Vector();
+// Width and height as they were given: those of a round outline are its diameter, not what the
+// chords that stand for it measure.
+Vec2<double> TrueSize(const SectionView& view) {
+  Bounds all;
+  for (const ComponentView& component : view.components) {
+    Bounds own;
+    for (const auto& polygon : component.polygons) {
+      for (const Vec2<double>& p : polygon.outline) own.Add(p);
+    }
+    const double radius = component.diameter / 2.0;
+    const Vec2<double> corner = component.centre - Vec2<double>{radius, radius};
+    constexpr double kChords = 1e-3;  // of the diameter; more is missing where others lie over it
+    if (Length(own.low - corner) +
+            Length(own.high - corner - Vec2<double>{2 * radius, 2 * radius}) <
+        kChords * component.diameter) {
+      own.low = corner;
+      own.high = corner + Vec2<double>{2 * radius, 2 * radius};
+    }
+    if (!component.polygons.empty()) {
+      all.Add(own.low);
+      all.Add(own.high);
+    }
+    for (const BarView& bar : component.bars) {
+      if (Length(bar.position) <= 1e6) all.Add(bar.position);
+    }
+  }
+  return all.high - all.low;
+}
+
+// The half of the sheet where the concrete of a component is compressed further than to where its
+// stress begins; nothing where there is none.
+std::optional<HalfPlane> Compressed(const ComponentView& component, const PlanPlace& place) {
+  Vec3<double> v = component.plane.Vector();
+  v.x += BlockStart(component);
   const Spot normal{-v.z / place.scale, -v.y / place.scale};
   if (Length(normal) == 0.0) {
     return v.x < 0.0 ? std::optional<HalfPlane>(HalfPlane{}) : std::nullopt;
@@ -169,7 +199,7 @@ void PlanDrawing::DrawComponents(Canvas& canvas) const {
     if (component.type == MatType::steel) DrawSteel(canvas, rings);
     if (component.type == MatType::FRP) DrawFrp(canvas, rings);
     if (component.type == MatType::concrete && view_.state) {
-      if (const auto part = Compressed(component.plane, place_)) {
+      if (const auto part = Compressed(component, place_)) {
         canvas.Lines(HatchLines(rings, angle, kHatchSpacing, *part), kHatchPen);
       }
       angle = 180.0 - angle;  // neighbours are told apart
@@ -209,8 +239,9 @@ void PlanDrawing::DrawList(Canvas& canvas) const {
 
 void PlanDrawing::DrawDimensions(Canvas& canvas) const {
   const Pen pen{0.18};
+  const Vec2<double> size = TrueSize(view_);
   const auto text = [this](double length) {
-    return ValueText(length / place_.scale, Dimension::sectionDimensions, units_);
+    return ValueText(length, Dimension::sectionDimensions, units_);
   };
   const double y = extent_.bottom + 9.0;
   for (const double x : {extent_.left, extent_.right}) {
@@ -218,14 +249,14 @@ void PlanDrawing::DrawDimensions(Canvas& canvas) const {
     DrawSlash(canvas, {x, y});
   }
   canvas.Line({extent_.left - 1.5, y}, {extent_.right + 1.5, y}, pen);
-  canvas.Text({extent_.Centre().x, y + 3.2}, text(extent_.Width()), {2.5, Align::centre});
+  canvas.Text({extent_.Centre().x, y + 3.2}, text(size.x), {2.5, Align::centre});
   const double x = extent_.left - 9.0;
   for (const double level : {extent_.top, extent_.bottom}) {
     canvas.Line({extent_.left - 3.0, level}, {x - 1.5, level}, pen);
     DrawSlash(canvas, {x, level});
   }
   canvas.Line({x, extent_.top - 1.5}, {x, extent_.bottom + 1.5}, pen);
-  const std::string height = text(extent_.Height());
+  const std::string height = text(size.y);
   const bool isTall = canvas.TextWidth(height) < extent_.Height();
   const Spot at = isTall ? Spot{x - 1.2, extent_.Centre().y} : Spot{x, extent_.top - 3.0};
   canvas.Text(at, height, {2.5, Align::centre, false, isTall});

@@ -207,7 +207,8 @@ void ProfileDrawing::DrawStrains(Canvas& canvas, const Box& box) const {
     for (const double distance : {range_.x, range_.y}) {
       const double strain = StrainAt(*component, distance);
       line.push_back({panel.X(strain), Y(distance)});
-      values.push_back({line.back(), NumberText(strain * factor, 3)});
+      const double shown = Snapped(strain, std::max(-range.first, range.second));
+      values.push_back({line.back(), NumberText(shown * factor, 3)});
     }
     DrawBlock(canvas, panel, line, 0.0);
     curves.push_back(std::move(line));

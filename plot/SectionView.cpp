@@ -19,6 +19,7 @@ namespace Orlix::Plot {
 
 using Data::CSecComp;
 using Data::CVelmoData;
+using Data::ShapeKind;
 using Data::Velmo9::AnalysisTask;
 using Data::Velmo9::CaseSLSDetails;
 using Data::Velmo9::VelmoSection;
@@ -95,6 +96,11 @@ std::vector<ComponentView> ComponentsOf(const CVelmoData& document, const VelmoS
     view.isIncluded =
         !given.back().empty() && (!task || task->IncludesComponent(static_cast<int>(i)));
     if (!view.isIncluded) given.back().clear();
+    const ShapeKind kind = component.Geometry().Kind();
+    if (kind == ShapeKind::circle || kind == ShapeKind::ring) {
+      view.diameter = component.Geometry().Dimensions().diameter;
+      view.centre = component.Geometry().Centre();
+    }
     view.bars = BarsOf(component, withBars > 1 ? std::to_string(i + 1) + "." : "");
   }
   std::vector<Data::ComponentOutlines> left = Data::Overlaid(given);
@@ -132,6 +138,27 @@ SectionState Shown(SectionState asked, const AnalysisTask& task, const CaseSLSDe
 }
 
 }  // namespace
+
+double SizeOf(const SectionView& view) {
+  constexpr double kInfinity = std::numeric_limits<double>::infinity();
+  Vec2<double> low{kInfinity, kInfinity};
+  Vec2<double> high{-kInfinity, -kInfinity};
+  const auto add = [&](Vec2<double> p) {
+    low = {std::fmin(low.x, p.x), std::fmin(low.y, p.y)};
+    high = {std::fmax(high.x, p.x), std::fmax(high.y, p.y)};
+  };
+  for (const ComponentView& component : view.components) {
+    for (const auto& polygon : component.polygons) std::ranges::for_each(polygon.outline, add);
+  }
+  return std::fmax(1e-12, std::fmax(high.x - low.x, high.y - low.y));
+}
+
+double BlockStart(const ComponentView& component) {
+  if (!component.isIncluded || component.type != MatType::concrete) return 0.0;
+  const Data::Design::CurveShape& shape = component.curve.Shape(LoadSign::compression);
+  const bool isBlock = shape.kind == Data::Design::CurveKind::rectangularBlock;
+  return isBlock ? shape.blockStart : 0.0;
+}
 
 bool IsUltimate(SectionState state) {
   return state == SectionState::underLoad || state == SectionState::atFailure;

@@ -33,6 +33,8 @@ struct ComponentView {
   bool isIncluded{};  ///< in the task; of valid outlines
   /// What later components leave of the outlines; as they are given where it is not included.
   std::vector<Numeric::OwnedPolygon> polygons;
+  double diameter{};      ///< of a round outline [m], of which `polygons` has chords; 0: none
+  Vec2<double> centre{};  ///< of it
   std::vector<BarView> bars;
   /// Strains of all stages together; meaningful with a state.
   Data::Velmo9::Deformation plane;
@@ -66,6 +68,12 @@ struct SectionView {
   Data::Velmo9::CaseULSDetails uls;
   Data::Velmo9::CaseSLSDetails sls;
 };
+
+/// The larger of width and height of the outlines [m]; at least 1e-12.
+double SizeOf(const SectionView& view);
+
+/// Compressive strain at which the rectangular block of a component's concrete begins; 0: none.
+double BlockStart(const ComponentView& component);
 
 /// Whether a state is one of the ultimate limit state.
 bool IsUltimate(SectionState state);

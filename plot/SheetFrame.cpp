@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "plot/drawing_text.h"
 #include "plot/marks.h"
 
 namespace Orlix::Plot {
@@ -74,7 +75,7 @@ void DrawRows(Canvas& canvas, const Box& box, const InfoColumn& column, double y
       const double right = box.right - width * static_cast<double>(row.size() - 1 - i);
       const double room = i == 1 ? right - box.left - labels : width;
       const TextStyle number{style.size, Align::right};
-      canvas.Text({right, y}, canvas.Fitted(row[i], room - 1.0, number), number);
+      canvas.Text({right, y}, FittedNumber(canvas, row[i], room - 1.0, number), number);
     }
     y += pitch;
   }

@@ -24,6 +24,7 @@ enum class KeySign {
   solidCurve,
   dashedCurve,
   point,
+  designPoint,
   load,
   projectedLoad,
   governingLoad

@@ -89,8 +89,8 @@ void DrawTable(Canvas& canvas, const Diagram& diagram, const Data::CUnit& units,
     const TextStyle left{kSize, Align::left, bold};
     const TextStyle right{kSize, Align::right, bold};
     canvas.Text({box.left, y}, canvas.Fitted(name, first - 16.0 - box.left, left), left);
-    canvas.Text({first, y}, canvas.Fitted(a, 18.0, right), right);
-    canvas.Text({box.right, y}, canvas.Fitted(b, 18.0, right), right);
+    canvas.Text({first, y}, FittedNumber(canvas, a, 18.0, right), right);
+    canvas.Text({box.right, y}, FittedNumber(canvas, b, 18.0, right), right);
     y += kPitch;
   };
   const auto heading = [&](const char* title) {
@@ -98,6 +98,13 @@ void DrawTable(Canvas& canvas, const Diagram& diagram, const Data::CUnit& units,
     row("", UnitTextOf(across.dimension, units), UnitTextOf(up.dimension, units), false);
   };
   const bool hasDesign = !diagram.design.empty();
+  Vec2<double> largest{};
+  for (const auto* points : {&diagram.nominal, &diagram.design}) {
+    for (const VlSol::DiagramPoint& point : *points) {
+      largest = {std::fmax(largest.x, std::abs(point.at.x)),
+                 std::fmax(largest.y, std::abs(point.at.y))};
+    }
+  }
   const char* curve = "";
   std::size_t left = NamedPointsOf(diagram).size();
   for (const NamedPoint& named : NamedPointsOf(diagram)) {
@@ -113,8 +120,8 @@ void DrawTable(Canvas& canvas, const Diagram& diagram, const Data::CUnit& units,
     }
     --left;
     row(std::to_string(named.number) + "  " + NameOf(named.point->mark),
-        NumberText(named.point->at.x * units.Conversion(across.dimension)),
-        NumberText(named.point->at.y * units.Conversion(up.dimension)), false);
+        NumberText(Snapped(named.point->at.x, largest.x) * units.Conversion(across.dimension)),
+        NumberText(Snapped(named.point->at.y, largest.y) * units.Conversion(up.dimension)), false);
   }
 }
 
@@ -170,12 +177,14 @@ InfoColumn Key(const Diagram& diagram, double width) {
   if (diagram.design.size() > 1) {
     column.key = {{KeySign::solidCurve, "design"}, {KeySign::dashedCurve, "nominal"}};
   } else if (!diagram.design.empty()) {
-    column.key = {{KeySign::dashedCurve, "nominal"}};
+    column.key = {{KeySign::dashedCurve, "nominal"}, {KeySign::designPoint, "design moment"}};
   } else {
     column.key = {{KeySign::solidCurve,
                    diagram.state == LoadState::ULS ? "design resistance" : "in service"}};
   }
-  if (!NamedPointsOf(diagram).empty()) {
+  const std::vector<NamedPoint> named = NamedPointsOf(diagram);
+  if (std::any_of(named.begin(), named.end(),
+                  [&](const NamedPoint& n) { return !n.isDesign || diagram.design.size() > 1; })) {
     column.key.emplace_back(KeySign::point, "named point, with its number in the table");
   }
   const auto any = [&](auto is) {

@@ -3,6 +3,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstddef>
+#include <system_error>
 
 #include "model/oxutil/text.h"
 #include "model/oxutil/utf.h"
@@ -16,6 +17,14 @@ namespace {
 bool IsUndrawable(char32_t c) {
   return c < 0x20 || (c >= 0x7F && c < 0xA0) || (c >= 0x200B && c <= 0x200F) ||
          (c >= 0x2028 && c <= 0x202E) || (c >= 0x2066 && c <= 0x2069) || c == 0xFEFF;
+}
+
+std::string ScientificText(double value, int digits) {
+  char buffer[40];
+  const auto end = std::to_chars(buffer, buffer + sizeof buffer, value,
+                                 std::chars_format::scientific, digits - 1)
+                       .ptr;
+  return std::string(buffer, end);
 }
 
 }  // namespace
@@ -35,11 +44,7 @@ std::string NumberText(double value, int digits) {
   const int exponent = static_cast<int>(std::floor(std::log10(std::abs(value))));
   constexpr int kMostWhole = 9;
   if (exponent >= kMostWhole || exponent < -kMostWhole) {
-    char buffer[40];
-    const auto end = std::to_chars(buffer, buffer + sizeof buffer, value,
-                                   std::chars_format::scientific, digits - 1)
-                         .ptr;
-    return std::string(buffer, end);
+    return ScientificText(value, digits);
   }
   const int decimals = digits - 1 - exponent;
   std::string text = Fixed(value, decimals > 0 ? decimals : 0);
@@ -50,13 +55,47 @@ std::string NumberText(double value, int digits) {
   return text;
 }
 
+double Snapped(double value, double largest) {
+  constexpr double kRounding = 1e-6;  // less than the four digits shown; planes are good to 1e-10
+  return std::abs(value) <= kRounding * largest ? 0.0 : value;
+}
+
+std::string FittedNumber(const Canvas& canvas, const std::string& text, double width,
+                         const TextStyle& style) {
+  if (canvas.TextWidth(text, style) <= width) return text;
+  double value{};
+  const char* const end = text.data() + text.size();
+  const auto [after, error] = std::from_chars(text.data(), end, value);
+  if (error != std::errc{} || (after != end && *after != ' ' && *after != '\xC2')) {
+    return canvas.Fitted(text, width, style);
+  }
+  const std::string unit(after, end);
+  std::string shorter;
+  for (int digits = 3; digits > 0; --digits) {
+    shorter = NumberText(value, digits) + unit;
+    if (canvas.TextWidth(shorter, style) <= width) return shorter;
+  }
+  for (int digits = 3; digits > 0; --digits) {
+    shorter = ScientificText(value, digits) + unit;
+    if (canvas.TextWidth(shorter, style) <= width) break;
+  }
+  return shorter;
+}
+
 std::string ValueText(double value, Dimension dimension, const Data::CUnit& units, int digits) {
   return NumberText(value * units.Conversion(dimension), digits) + " " +
          UnitTextOf(dimension, units);
 }
 
 std::string UnitTextOf(Dimension dimension, const Data::CUnit& units) {
-  return to_string(units.UnitString(dimension));
+  std::string text = to_string(units.UnitString(dimension));
+  const bool isProduct = dimension == Dimension::moment || dimension == Dimension::bendingStiffness;
+  const std::string length = to_string(units.UnitString(Dimension::length));
+  // kNm is read as it is written; a foot or an inch behind a force is not.
+  if (isProduct && (length == "ft" || length == "in")) {
+    text.insert(to_string(units.UnitString(Dimension::force)).size(), "·");
+  }
+  return text;
 }
 
 }  // namespace Orlix::Plot

@@ -56,6 +56,11 @@ void DrawLoad(Canvas& canvas, Spot at, bool isInPlane, bool isGoverning) {
   if (isGoverning) canvas.Circle(at, 2.0, {0.4});
 }
 
+void DrawDesignPoint(Canvas& canvas, Spot at) {
+  canvas.FillCircle(at, 1.2, kBlack);
+  canvas.FillCircle(at, 0.7, kWhite);
+}
+
 void DrawKeySign(Canvas& canvas, const Box& box, KeySign sign) {
   const Spot centre = box.Centre();
   constexpr double kBarRadius = 0.9;
@@ -90,6 +95,8 @@ void DrawKeySign(Canvas& canvas, const Box& box, KeySign sign) {
       return line({0.35, kBlack, {2.0, 1.2}});
     case KeySign::point:
       return canvas.FillCircle(centre, 0.8, kBlack);
+    case KeySign::designPoint:
+      return DrawDesignPoint(canvas, centre);
     case KeySign::load:
       return DrawLoad(canvas, centre, true, false);
     case KeySign::projectedLoad:

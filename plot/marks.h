@@ -29,6 +29,9 @@ void DrawFrp(Canvas& canvas, std::span<const Ring> rings);
 /// A load in a diagram: a cross, one that is projected upright, the governing one in a circle.
 void DrawLoad(Canvas& canvas, Spot at, bool isInPlane, bool isGoverning);
 
+/// The one point of a design resistance that has no curve.
+void DrawDesignPoint(Canvas& canvas, Spot at);
+
 /// A sign of a key in its box.
 void DrawKeySign(Canvas& canvas, const Box& box, KeySign sign);
 

@@ -78,7 +78,12 @@ class StateFiller {
     const Data::Velmo9::UlSResult result = task_.ULSResult(iCase, true);
     const bool atFailure = state_.state == SectionState::atFailure;
     if (!atFailure && result.IsFail()) {
-      return "The section does not carry the case: there are no strains and stresses under it.";
+      std::string problem =
+          "The section does not carry the case: there are no strains and stresses under it.";
+      if (result.DeformationAtFailure().Vector() != Vec3<double>{}) {
+        problem += " The state at failure shows what gives way: velmo plot … --state failure.";
+      }
+      return problem;
     }
     if (atFailure && result.DeformationAtFailure().Vector() == Vec3<double>{}) {
       return "The case has no failure load in the direction of its load.";

@@ -6,6 +6,7 @@
 #include <limits>
 #include <map>
 #include <numbers>
+#include <string_view>
 #include <utility>
 
 #include "model/oxdata/section/section_properties.h"
@@ -30,6 +31,18 @@ Vec3<double> Clean(const Vec3<double>& v) {
   const double limit = 1e-9 * std::max({std::abs(v.x), std::abs(v.y), std::abs(v.z)});
   const auto clean = [limit](double value) { return std::abs(value) < limit ? 0.0 : value; };
   return {clean(v.x), clean(v.y), clean(v.z)};
+}
+
+// As a sheet has room for it.
+std::string ShortAnnex(const std::string& annex) {
+  constexpr std::string_view kAnnexOf = "national annex of the ";
+  if (annex == "national annex of the United Kingdom") return "UK annex";
+  return annex.starts_with(kAnnexOf) ? "annex of the " + annex.substr(kAnnexOf.size()) : annex;
+}
+
+bool HasBlock(const SectionView& view) {
+  return view.state && std::any_of(view.components.begin(), view.components.end(),
+                                   [](const ComponentView& c) { return BlockStart(c) > 0.0; });
 }
 
 }  // namespace
@@ -58,7 +71,7 @@ TitleBlock TitleOf(const VelmoApp& app, int iSec, std::optional<int> iTask,
   }
   const Data::Design::CConcCodeData& code = document.concreteCode().Data();
   title.conditions.emplace_back(
-      "Code", code.annex.empty() ? code.name : code.name + " (" + code.annex + ")");
+      "Code", code.annex.empty() ? code.name : code.name + ", " + ShortAnnex(code.annex));
   return title;
 }
 
@@ -140,7 +153,12 @@ InfoColumn SectionText::Loads() const {
   const Vec3<double>& failure = view_.uls.loadAtFailure.Vector();
   if (isUls && failure != Vec3<double>{}) column.rows.push_back(LoadRow("at failure", failure));
   if (view_.state) {
-    const Vec3<double> v = Clean(view_.state->plane.Vector());
+    const double size = SizeOf(view_);
+    const Vec3<double>& plane = view_.state->plane.Vector();
+    const double bent = std::max(std::abs(plane.y), std::abs(plane.z));
+    const double largest = std::max(std::abs(plane.x), size * bent);
+    const Vec3<double> v{Snapped(plane.x, largest), Snapped(plane.y * size, largest) / size,
+                         Snapped(plane.z * size, largest) / size};
     column.rows.push_back({"[" + UnitTextOf(Dimension::strain, units_) + ", " +
                                UnitTextOf(Dimension::curvature, units_) + "]",
                            "eps0", "kyy", "kzz"});
@@ -171,13 +189,22 @@ InfoColumn SectionText::ExtremesColumn() const {
     return column;
   }
   column.rows.push_back({"", "σ min", "σ max", "ε min", "ε max"});
+  double stress = 0.0;  // the largest of all
+  double strain = 0.0;
+  for (const Extremes& e : {view_.state->concrete, view_.state->bars, view_.state->others}) {
+    if (!e) continue;
+    stress = std::fmax(stress, std::fmax(std::abs(e->minStress), std::abs(e->maxStress)));
+    strain = std::fmax(strain, std::fmax(std::abs(e->minStrain), std::abs(e->maxStrain)));
+  }
   const auto add = [&](const char* name, const Extremes& extremes) {
     if (!extremes) return;
-    const double stress = units_.Conversion(Dimension::stress);
-    const double strain = units_.Conversion(Dimension::strain);
-    column.rows.push_back(
-        {name, NumberText(extremes->minStress * stress), NumberText(extremes->maxStress * stress),
-         NumberText(extremes->minStrain * strain), NumberText(extremes->maxStrain * strain)});
+    const auto text = [this](double value, double largest, Dimension dimension) {
+      return NumberText(Snapped(value, largest) * units_.Conversion(dimension));
+    };
+    column.rows.push_back({name, text(extremes->minStress, stress, Dimension::stress),
+                           text(extremes->maxStress, stress, Dimension::stress),
+                           text(extremes->minStrain, strain, Dimension::strain),
+                           text(extremes->maxStrain, strain, Dimension::strain)});
   };
   add("concrete", view_.state->concrete);
   add("bars", view_.state->bars);
@@ -190,12 +217,14 @@ InfoColumn SectionText::ExtremesColumn() const {
       column.rows.push_back({"Crack width " + Length(view_.sls.crackWidth)});
     }
   } else {
-    const AnalysisTask& task = app_.pData()->Section(iSec_).Task(case_->iTask);
-    column.rows.push_back({"M/Mu " + UtilisationText(view_.uls.momentRatio)});
-    // A load that is not carried has no strains that could be compared with limits.
-    if (view_.uls.status || task.Action() != LoadAction::load) {
-      column.rows.back().front() +=
-          ", of the strain limits " + UtilisationText(view_.uls.deformationUtilisation);
+    column.rows.push_back({"Load of the case: M/Mu " + UtilisationText(view_.uls.momentRatio)});
+    // The plane at failure is at a limit by what failure is.
+    const bool isFailure = view_.state->state == SectionState::atFailure;
+    column.rows.push_back({"Plane drawn: strain limits used " +
+                           UtilisationText(isFailure ? 1.0 : view_.uls.deformationUtilisation)});
+    if (!isFailure && HasBlock(view_)) {
+      column.rows.push_back({"Rectangular block: stresses below capacity are those of"});
+      column.rows.push_back({"the design block, not of the real material."});
     }
   }
   return column;
@@ -229,17 +258,18 @@ InfoColumn SectionText::AxisColumn() const {
     const double angle = view_.state->axis.angle * 180.0 / std::numbers::pi;
     column.rows.push_back(
         {"angle from the y axis", NumberText(std::abs(angle) < 1e-6 ? 0.0 : angle) + "°"});
-    column.rows.push_back({"distance from the origin", Length(view_.state->axis.offset)});
+    column.rows.push_back(
+        {"distance from the origin", Length(Snapped(view_.state->axis.offset, SizeOf(view_)))});
     const double depth = CompressionDepth();
     if (std::isfinite(depth)) {
       column.rows.push_back({"depth in compression", Length(depth)});
     }
   }
   if (std::isfinite(view_.centroid.x)) {
-    const auto clean = [](double value) { return std::abs(value) < 1e-12 ? 0.0 : value; };
+    const double size = SizeOf(view_);
     column.rows.push_back({"gross concrete centroid"});
     column.rows.push_back(
-        {"y, z", Length(clean(view_.centroid.x)), Length(clean(view_.centroid.y))});
+        {"y, z", Length(Snapped(view_.centroid.x, size)), Length(Snapped(view_.centroid.y, size))});
   }
   if (view_.state && AcrossNeutralAxis(view_).x != 0.0) {
     column.rows.push_back({"s: from the origin, across it"});
@@ -292,7 +322,9 @@ InfoColumn SectionText::PropertiesColumn() const {
   const auto& gross = properties.gross;
   if (gross.area > 0.0) {
     column.rows.push_back({"area", power(gross.area, 2) + " " + unit + "²"});
-    column.rows.push_back({"centroid y, z", Length(gross.centroid.x), Length(gross.centroid.y)});
+    const double size = SizeOf(view_);
+    column.rows.push_back({"centroid y, z", Length(Snapped(gross.centroid.x, size)),
+                           Length(Snapped(gross.centroid.y, size))});
     column.rows.push_back({"Iyy, Izz [" + unit + "⁴]", power(gross.iyy, 4), power(gross.izz, 4)});
   }
   column.rows.push_back({"bars", NumberText(properties.rebarPercentage) + " % of the concrete"});
@@ -318,7 +350,9 @@ InfoColumn SectionText::Key() const {
     if (is) column.key.emplace_back(sign, text);
   };
   if (view_.state) {
-    column.key.emplace_back(KeySign::compressionZone, "concrete in compression");
+    column.key.emplace_back(KeySign::compressionZone, HasBlock(view_)
+                                                          ? "concrete under the stress block"
+                                                          : "concrete in compression");
     add(hasBars, KeySign::barInTension, "bar in tension (open: compression)");
     add(std::isfinite(view_.state->axis.offset), KeySign::neutralAxis,
         view_.state->isStaged ? "neutral axis of this stage" : "neutral axis (NA)");

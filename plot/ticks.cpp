@@ -37,7 +37,11 @@ Ticks TicksOf(double low, double high, int most) {
 
 std::string TickText(double value, const Ticks& ticks) {
   char buffer[400];
-  const bool isFixed = std::abs(value) < 1e7 && ticks.decimals <= 6;
+  // All of an axis in one form; a zero needs neither.
+  double largest = std::abs(value);
+  for (const double end : ticks.values) largest = std::max(largest, std::abs(end));
+  const bool isFixed = largest < 1e7 && ticks.decimals <= 6;
+  if (value == 0.0 && !isFixed) return "0";
   const auto end = isFixed ? std::to_chars(buffer, buffer + sizeof buffer, value,
                                            std::chars_format::fixed, ticks.decimals)
                                  .ptr

@@ -28,6 +28,7 @@ TEST(TicksOf, AreRoundAndWithinTheRange) {
       {250, -250, 5, {"-200", "-100", "0", "100", "200"}},
       {0.0031, 0.0089, 3, {"0.004", "0.006", "0.008"}},
       {-4.2e8, 0, 3, {"-4.0e+08", "-2.0e+08", "0"}},
+      {-1e7, 0, 2, {"-1.0e+07", "-5.0e+06", "0"}},
       {3, 3, 5, {}},
       {0, kInfinity, 5, {}},
       {1e20, std::nextafter(1e20, kInfinity), 5, {}},
@@ -84,6 +85,13 @@ TEST(Canvas, ShortensTextsBetweenCharactersToTheirRoom) {
     }
   }
   EXPECT_EQ(canvas.Fitted("short", 60.0), "short");
+  const struct {
+    const char *text, *want;
+    double width;
+  } kNumbers[] = {{"-0.000074312 mm", "-7e-05 mm", 13.5}, {"1234.56", "1235", 8.5}};
+  for (const auto& c : kNumbers) {
+    EXPECT_EQ(FittedNumber(canvas, c.text, c.width, {}), c.want) << canvas.TextWidth(c.want);
+  }
 }
 
 TEST(HatchLines, FillOnlyWhatIsInsideAndInTheHalfPlane) {
