@@ -1,6 +1,7 @@
 #include "model/vldata/json/annex_json.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <string>
 #include <utility>
 
@@ -27,6 +28,8 @@ void ReadHeading(ObjectReader& reader, std::string_view codeName) {
   }
 }
 
+constexpr std::size_t kLongestName = 200;  // [bytes], on a sheet and in a table's heading
+
 // A name that cannot be mistaken for an annex of the program.
 std::string ReadName(ObjectReader& reader, std::string_view codeName) {
   std::string name = reader.RequiredText("name", "the name of the annex");
@@ -35,7 +38,11 @@ std::string ReadName(ObjectReader& reader, std::string_view codeName) {
     return choice.name == codeName && choice.annex == name;
   });
   if (isTaken) reader.Report("name", "a name that no annex of the program has");
-  return name.empty() || isTaken ? "unnamed" : name;
+  const bool isLine = name.size() <= kLongestName && std::ranges::none_of(name, [](char c) {
+                        return static_cast<unsigned char>(c) < 0x20 || c == 0x7F;
+                      });
+  if (!isLine) reader.Report("name", "a name of one line, of 200 bytes at most");
+  return name.empty() || isTaken || !isLine ? "unnamed" : name;
 }
 
 // A number or a rule; nothing for a value that is neither.

@@ -93,6 +93,8 @@ TEST(NationalAnnex, SaysWhatItCouldNotTakeOverAndHasTheRecommendedValueThere) {
        "codes.annex.version: 2, 1\n"
        "codes.annex.code: \"ACI 318-19\", \"EN 1992-1-1:2004\", the code that takes the annex\n"
        "codes.annex.name: \"UK\", a name that no annex of the program has\n"},
+      {R"({"format": "velmo national annex", "code": "EN 1992-1-1:2004", "name": "a\u001b[7m"})",
+       "codes.annex.name: \"a\x1B[7m\", a name of one line, of 200 bytes at most\n"},
       {"{" + Heading() + R"(, "parameters": {"alpha_cc": 0.7, "k_3": "k_3", "k_4": null,
           "gamma_c": {"value": 0.9}, "gamma_s": {"source": "x", "clause": 1},
           "w_max XD, XS": [0.3], "alpha_ct": 1}})",

@@ -14,7 +14,7 @@ constexpr double kYield = 500 * kMPa;
 constexpr double kStrainN = 0.05;
 constexpr double kStrainL = 0.015;
 
-/// phi_0 is 0.65 for short columns whose permanent load is at least a quarter of the imposed one,
+/// phi_0 is 0.65 for short columns whose imposed load is at least a quarter of the permanent one,
 /// 0.60 for all others: a section does not know, and takes the lower.
 constexpr StrengthReductionParameters kReduction = {.phiCompression = 0.60,
                                                     .phiLeast = 0.65,
