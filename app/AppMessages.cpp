@@ -36,7 +36,7 @@ std::string NoDiagram(int iTask, VlSol::DiagramProblem problem, LoadState state)
       return TaskPrefix(iTask) + "The task does not compute " + name +
              "; set it to do so for a diagram";
     case VlSol::DiagramProblem::noCapacity:
-      return TaskPrefix(iTask) + "The section carries no load of this direction: no diagram";
+      return TaskPrefix(iTask) + "The section carries no moment here: no diagram";
     case VlSol::DiagramProblem::axialForce:
       return TaskPrefix(iTask) +
              "The section does not carry this axial force without a moment: no diagram";

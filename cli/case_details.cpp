@@ -9,6 +9,7 @@
 #include "cli/case_table.h"
 #include "cli/detail_tables.h"
 #include "model/oxutil/StringFrom.h"
+#include "model/vldata/document/governing_utilisation.h"
 #include "results/result_text.h"
 
 namespace Orlix::Cli {
@@ -29,7 +30,8 @@ class CasePrinter {
     PrintLoads(record);
     PrintPlanes(record, task.Action());
     if (record.pointResults.empty() && record.barResults.empty()) {
-      out_ << "No strains and stresses: the section does not carry the case\n\n";
+      out_ << "No strains and stresses: the section does not carry the case; `velmo plot --case "
+           << iCase + 1 << " --state failure` draws those at its failure load\n\n";
       return;
     }
     PrintPoints(record);

@@ -11,6 +11,7 @@
 #include "cli/case_records.h"
 #include "cli/case_table.h"
 #include "model/oxutil/StringFrom.h"
+#include "model/vldata/document/governing_utilisation.h"
 #include "results/result_text.h"
 
 namespace Orlix::Cli {

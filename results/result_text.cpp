@@ -18,14 +18,12 @@ bool IsRoundedAcrossOne(double value, const std::string& text) {
 
 }  // namespace
 
-double GoverningUtilisation(const Data::Velmo9::UlSResult& result, LoadAction action) {
-  return action == LoadAction::load ? result.LoadUtilisation() : result.DeformationUtilisation();
-}
-
 std::string UtilisationText(double utilisation) {
   if (utilisation == std::numeric_limits<double>::infinity()) return "no capacity";
   if (!std::isfinite(utilisation)) return "-";
   if (utilisation >= 1e6) return StringFrom(utilisation);
+  constexpr double kRoundOff = 1e-12;
+  if (std::abs(utilisation - 1.0) <= kRoundOff) return Fixed(1.0, 3);
   std::string text;
   for (int decimals = 3; decimals <= std::numeric_limits<double>::max_digits10; ++decimals) {
     text = Fixed(utilisation, decimals);

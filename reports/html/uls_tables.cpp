@@ -5,6 +5,7 @@
 #include <tuple>
 #include <utility>
 
+#include "model/vldata/document/governing_utilisation.h"
 #include "plot/drawing_text.h"
 #include "results/result_text.h"
 

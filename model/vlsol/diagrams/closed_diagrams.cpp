@@ -116,9 +116,9 @@ class ClosedDiagram {
     const double axial = request_.axial;
     const bool isFar = axial > section_.mostTension || axial < section_.mostCompression;
     const auto inside = isFar ? std::nullopt : InsideAtAxial(section_, axial);
-    if (!inside ||
-        !Cut(axial * kAxial, kAboutY, kAboutZ, {inside->load.y, inside->load.z}, inside->plane)) {
-      return Failed(DiagramProblem::axialForce);
+    if (!inside) return Failed(DiagramProblem::axialForce);
+    if (!Cut(axial * kAxial, kAboutY, kAboutZ, {inside->load.y, inside->load.z}, inside->plane)) {
+      return Failed(DiagramProblem::noCapacity);
     }
     if (inside->load == axial * kAxial) {
       for (const double sign : {1.0, -1.0}) {

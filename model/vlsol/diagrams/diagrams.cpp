@@ -6,6 +6,7 @@
 #include <limits>
 #include <stdexcept>
 
+#include "model/vldata/document/governing_utilisation.h"
 #include "model/vldata/response/SectionCompiler.h"
 #include "model/vlsol/diagrams/closed_diagrams.h"
 #include "model/vlsol/diagrams/moment_curvature.h"
@@ -73,8 +74,8 @@ void AddLoads(const AnalysisTask& task, Diagram& diagram) {
         isLoad ? task.Cases()[static_cast<std::size_t>(i)].input : result.Load().Vector();
     DiagramLoad shown = Projected(diagram, load, size);
     shown.iCase = i;
-    shown.utilisation =
-        isSolved ? result.LoadUtilisation() : std::numeric_limits<double>::quiet_NaN();
+    shown.utilisation = isSolved ? GoverningUtilisation(result, task.Action())
+                                 : std::numeric_limits<double>::quiet_NaN();
     shown.isCarried = isSolved && !result.IsFail();
     diagram.loads.push_back(shown);
     const double most = diagram.loads[governing].utilisation;

@@ -60,7 +60,8 @@ struct DiagramLoad {
   Vec3<double> load;     ///< (N, Myy, Mzz) [N, Nm]
   double outOfPlane{};   ///< what the projection leaves out: the moment across [Nm], or N - held N
   bool isInPlane{};      ///< nothing worth the name is left out
-  double utilisation{};  ///< the solver's load utilisation of the case; +infinity: no capacity
+  /// Of the load, or of the deformation where deformations are imposed; +infinity: no capacity.
+  double utilisation{};
   bool isCarried{};
   bool isGoverning{};  ///< the largest utilisation of the task, the first of equals
 };
@@ -70,7 +71,7 @@ enum class DiagramProblem {
   none,
   notCompiled,  ///< see SectionCompiler::Problems
   notComputed,  ///< the task does not compute the limit state asked for
-  noCapacity,   ///< no load of the diagram's plane is within the strain limits
+  noCapacity,   ///< no moment of the diagram's plane is within the strain limits
   axialForce    ///< the held axial force is beyond what the section carries
 };
 
