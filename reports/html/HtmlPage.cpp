@@ -31,6 +31,9 @@ table { border-collapse: collapse; margin: 2mm 0 3mm; font-size: 8.5pt; }
 caption { text-align: left; font-weight: bold; padding: 1mm 0; }
 thead { display: table-header-group; }
 tr { break-inside: avoid; }
+thead, thead tr { break-inside: avoid; break-after: avoid; }
+tbody tr:first-child { break-before: avoid; break-after: avoid; }
+tbody tr:last-child { break-before: avoid; }
 th, td { padding: 0.5mm 1.5mm; text-align: left; vertical-align: top; overflow-wrap: break-word; }
 td { border-top: 0.15mm solid #999; }
 thead th { border-bottom: 0.3mm solid #000; vertical-align: bottom; }
@@ -44,6 +47,7 @@ tr.e td { font-weight: bold; }
 figure { margin: 4mm 0; }
 figure svg { display: block; width: 100%; height: auto; border: 0.15mm solid #999; }
 figcaption { font-size: 9pt; padding-top: 1mm; }
+h1, h2, h3, p, li, caption, figcaption { overflow-wrap: anywhere; }
 @media screen { figure { width: min(277mm, 96vw); position: relative; left: 50%;
   transform: translateX(-50%); } }
 @media print { body { margin: 0; padding: 0; max-width: none; } .scroll { overflow: visible; }

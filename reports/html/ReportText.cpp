@@ -31,6 +31,10 @@ std::string ReportText::Value(double value, Dimension dimension) const {
   return Plot::NumberText(value * document_.Units().Conversion(dimension));
 }
 
+std::string ReportText::Place(double value, double area) const {
+  return Value(Plot::Snapped(value, std::sqrt(area)), Dimension::sectionDimensions);
+}
+
 std::string ReportText::PowerValue(double value, Dimension dimension, int power) const {
   return Plot::NumberText(value * std::pow(document_.Units().Conversion(dimension), power));
 }
@@ -55,10 +59,6 @@ Three ReportText::Plane(const Vec3<double>& plane) const {
 
 Three ReportText::LoadAtFailure(const Vec3<double>& load) const {
   return IsFound(load) ? Load(load) : Three{"-", "-", "-"};
-}
-
-Three ReportText::PlaneAtFailure(const Vec3<double>& plane) const {
-  return IsFound(plane) ? Plane(plane) : Three{"-", "-", "-"};
 }
 
 std::string ReportText::TypeName(MatType type) {

@@ -15,6 +15,9 @@ class ReportText {
   explicit ReportText(const Data::CVelmoData& document) : document_(document) {}
 
   std::string Value(double value, Dimension dimension) const;
+  /// A length of the section; 0 for what is rounding beside its size.
+  /// @param area  of the section [m²], which tells its size
+  std::string Place(double value, double area) const;
   /// Of a quantity of that dimension to the power 2 or 4.
   std::string PowerValue(double value, Dimension dimension, int power) const;
   /// With the unit behind it.
@@ -26,7 +29,6 @@ class ReportText {
   std::array<std::string, 3> Plane(const Vec3<double>& plane) const;
   /// Of what was not found, which is zero, "-".
   std::array<std::string, 3> LoadAtFailure(const Vec3<double>& load) const;
-  std::array<std::string, 3> PlaneAtFailure(const Vec3<double>& plane) const;
 
   /// "concrete", "reinforcement", …
   static std::string TypeName(MatType type);

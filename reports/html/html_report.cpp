@@ -63,7 +63,8 @@ std::string SourcesText(const CVelmoData& document) {
   const int checked = Data::Design::CountConstants(*code, Data::Design::ConstantSource::compared);
   return "Constants of the design code: " + std::to_string(all) + ", of which " +
          std::to_string(checked) +
-         " were compared with the printed text; `velmo codes` lists them with their clauses.";
+         " were compared with the printed text; the command velmo codes lists them with their "
+         "clauses.";
 }
 
 void AddReadingRules(const VelmoApp& app, int iSec, int iTask, HtmlPage& page) {
@@ -77,8 +78,9 @@ void AddReadingRules(const VelmoApp& app, int iSec, int iTask, HtmlPage& page) {
       "the +z side, positive Mzz on the -y side.",
       "Axes: y and z in the section, x along the member. Strains are eps0 + kyy z - kzz y.",
       "Loads act at the section's origin; the gross centroid is at y = " +
-          text.WithUnit(gross.centroid.x, Dimension::sectionDimensions) +
-          ", z = " + text.WithUnit(gross.centroid.y, Dimension::sectionDimensions) + ".",
+          text.Place(gross.centroid.x, gross.area) +
+          ", z = " + text.Place(gross.centroid.y, gross.area) + " " +
+          text.Unit(Dimension::sectionDimensions) + ".",
       "Units: forces " + unit(Dimension::force) + ", moments " + unit(Dimension::moment) +
           ", section dimensions " + unit(Dimension::sectionDimensions) + ", stresses " +
           unit(Dimension::stress) + ", strains " + unit(Dimension::strain) + ", curvatures " +

@@ -126,7 +126,7 @@ void AddProperties(const CVelmoData& document, const VelmoSection& section, Html
   const std::string length = text.Unit(Dimension::sectionDimensions);
   const Data::SectionProperties properties = Data::SectionPropertiesOf(section);
   const auto& gross = properties.gross;
-  const auto place = [&](double value) { return text.Value(value, Dimension::sectionDimensions); };
+  const auto place = [&](double value) { return text.Place(value, gross.area); };
   const auto inertia = [&](double value) {
     return text.PowerValue(value, Dimension::sectionDimensions, 4);
   };

@@ -1,9 +1,11 @@
 #include "reports/html/result_columns.h"
 
+#include <cmath>
 #include <numbers>
 #include <numeric>
 #include <stdexcept>
 
+#include "model/oxdata/section/section_properties.h"
 #include "plot/drawing_text.h"
 #include "results/NeutralAxisCalculator.h"
 
@@ -21,8 +23,14 @@ Columns StressColumns(const ReportText& text) {
 
 void AppendStresses(Cells& cells, const ReportText& text,
                     const Data::Velmo9::StressStrainSummary& summary) {
+  double largest = 0.0;
+  const auto widen = [&](const Data::Velmo9::StressStrain& extremes) {
+    largest = std::fmax(largest, std::fmax(std::abs(extremes.minStress), extremes.maxStress));
+  };
+  if (summary.HasConcrete()) widen(summary.Concrete());
+  if (summary.HasRebar()) widen(summary.Rebar());
   const auto add = [&](bool isThere, double value) {
-    cells.push_back(isThere ? text.Value(value, Dimension::stress) : "-");
+    cells.push_back(isThere ? text.Value(Plot::Snapped(value, largest), Dimension::stress) : "-");
   };
   add(summary.HasConcrete(), summary.Concrete().minStress);
   add(summary.HasConcrete(), summary.Concrete().maxStress);
@@ -39,6 +47,7 @@ TaskContext::TaskContext(const VelmoApp& ofApp, int ofSection, int ofTask)
       iSec(ofSection),
       iTask(ofTask),
       isLoad(task.Action() == LoadAction::load),
+      area(Data::SectionPropertiesOf(ofApp.pData()->Section(ofSection)).gross.area),
       hasPhi(ofApp.pData()->concreteCode().IsStrengthReduction()),
       hasCrackWidth(ofApp.pData()->concreteCode().IsCrackWidthCode() &&
                     ofApp.pData()->Section(ofSection).hasConcreteComponent(ofTask)) {}
@@ -118,12 +127,13 @@ Columns AnswerColumns(const TaskContext& c) {
   return columns;
 }
 
-void AppendAnswer(Cells& cells, const ReportText& text, const Data::Velmo9::Deformation& plane,
+void AppendAnswer(Cells& cells, const TaskContext& c, const Data::Velmo9::Deformation& plane,
                   const Data::Velmo9::StressStrainSummary& summary) {
   const NeutralAxisData axis = NeutralAxisCalculator::ComputeNeutralAxisData(plane);
-  cells.push_back(Plot::NumberText(axis.angle * 180.0 / std::numbers::pi));
-  cells.push_back(text.Value(axis.offset, Dimension::sectionDimensions));
-  AppendStresses(cells, text, summary);
+  const double angle = axis.angle * 180.0 / std::numbers::pi;
+  cells.push_back(Plot::NumberText(Plot::Snapped(angle, 1.0)));
+  cells.push_back(c.text.Place(axis.offset, c.area));
+  AppendStresses(cells, c.text, summary);
 }
 
 }  // namespace Orlix::Velmo

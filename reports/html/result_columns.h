@@ -29,6 +29,7 @@ struct TaskContext {
   int iSec;
   int iTask;
   bool isLoad;         ///< the cases are loads
+  double area;         ///< gross, of the section [m²]
   bool hasPhi;         ///< the code reduces strength
   bool hasCrackWidth;  ///< the code has crack widths and the task concrete
 };
@@ -65,7 +66,7 @@ void AppendColumns(Columns& columns, const Columns& more);
 /// Columns that tell what a case does to the section: plane or load, neutral axis, extremes of
 /// stress; and the cells of the last two.
 Columns AnswerColumns(const TaskContext& c);
-void AppendAnswer(Cells& cells, const ReportText& text, const Data::Velmo9::Deformation& plane,
+void AppendAnswer(Cells& cells, const TaskContext& c, const Data::Velmo9::Deformation& plane,
                   const Data::Velmo9::StressStrainSummary& summary);
 
 }  // namespace Orlix::Velmo

@@ -1,5 +1,6 @@
 #include "reports/html/sheets_part.h"
 
+#include <algorithm>
 #include <cmath>
 #include <optional>
 #include <stdexcept>
@@ -29,12 +30,10 @@ Plot::PictureOptions SvgOptions(const std::string& prefix) {
 }
 
 void AddCaseSheet(const VelmoApp& app, int iSec, const Plot::PictureCase& ofCase,
-                  const std::string& limitState, HtmlPage& page) {
+                  const std::string& limitState, const std::string& remark, HtmlPage& page) {
   const AnalysisTask& task = app.pData()->Section(iSec).Task(ofCase.iTask);
   std::string caption = "Governing case of the " + limitState + " limit state: case " +
-                        ReportText::CaseName(task, ofCase.iCase);
-  if (ofCase.state == Plot::SectionState::atFailure)
-    caption += ", not carried; at its failure load";
+                        ReportText::CaseName(task, ofCase.iCase) + remark;
   page.Sheet(Plot::SectionPicture(app, iSec, ofCase, SvgOptions(limitState)), caption + ".");
 }
 
@@ -43,6 +42,36 @@ Plot::SectionState UlsState(const Data::Velmo9::UlSResult& result) {
   const bool hasFailure = result.DeformationAtFailure().Vector() != Vec3<double>{};
   return result.IsFail() && hasFailure ? Plot::SectionState::atFailure
                                        : Plot::SectionState::underLoad;
+}
+
+void AddUlsCaseSheet(const VelmoApp& app, int iSec, int iTask, int iCase, HtmlPage& page) {
+  const AnalysisTask& task = app.pData()->Section(iSec).Task(iTask);
+  const Plot::SectionState state = UlsState(task.ULSResult(iCase, false));
+  const bool isFailure = state == Plot::SectionState::atFailure;
+  AddCaseSheet(app, iSec, {iTask, iCase, state}, "ultimate",
+               isFailure ? ", not carried; at its failure load" : "", page);
+}
+
+// The worst of the cases that have a solution: nothing can be drawn of the others, which the tables
+// name first.
+void AddSlsCaseSheet(const VelmoApp& app, int iSec, int iTask, HtmlPage& page) {
+  const AnalysisTask& task = app.pData()->Section(iSec).Task(iTask);
+  const std::vector<int> ranked = RankedSls(task);
+  const auto solved = std::ranges::find_if(
+      ranked, [&](int iCase) { return !task.SLSResult(iCase, true, true, false).IsFail(); });
+  const int iCase = solved == ranked.end() ? ranked.front() : *solved;
+  const bool isCracked = task.SLSResult(iCase, true, true, false).CrackingUtilisation() > 1.0;
+  std::string remark;
+  if (solved == ranked.end()) {
+    remark = ", without a solution";
+  } else if (solved != ranked.begin()) {
+    remark = ", the worst of those that have a solution; case " +
+             ReportText::CaseName(task, ranked.front()) + " has none";
+  }
+  AddCaseSheet(
+      app, iSec,
+      {iTask, iCase, isCracked ? Plot::SectionState::cracked : Plot::SectionState::uncracked},
+      "serviceability", remark, page);
 }
 
 // Of a load whose moments are rounding of each other the direction of Myy.
@@ -89,18 +118,10 @@ void AddResultSheets(const VelmoApp& app, int iSec, int iTask, HtmlPage& page) {
   const AnalysisTask& task = app.pData()->Section(iSec).Task(iTask);
   if (task.ComputesULS()) {
     const int iCase = RankedUls(task).front();
-    AddCaseSheet(app, iSec, {iTask, iCase, UlsState(task.ULSResult(iCase, false))}, "ultimate",
-                 page);
+    AddUlsCaseSheet(app, iSec, iTask, iCase, page);
     AddDiagrams(app, iSec, iTask, iCase, page);
   }
-  if (task.ComputesSLS()) {
-    const int iCase = RankedSls(task).front();
-    const bool isCracked = task.SLSResult(iCase, true, true, false).CrackingUtilisation() > 1.0;
-    AddCaseSheet(
-        app, iSec,
-        {iTask, iCase, isCracked ? Plot::SectionState::cracked : Plot::SectionState::uncracked},
-        "serviceability", page);
-  }
+  if (task.ComputesSLS()) AddSlsCaseSheet(app, iSec, iTask, page);
 }
 
 }  // namespace Orlix::Velmo

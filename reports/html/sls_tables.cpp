@@ -79,7 +79,7 @@ Cells SlsAnswer(const TaskContext& c, int iCase, const CaseSLSDetails& record,
   AppendThree(cells, c.isLoad ? c.text.Plane(record.interpolatedDeformation.Vector())
                               : c.text.Load(CarriedLoad(record).Vector()));
   AppendAnswer(
-      cells, c.text, record.interpolatedDeformation,
+      cells, c, record.interpolatedDeformation,
       isCracked ? *record.stressStrainSummary.cracked : record.stressStrainSummary.uncracked);
   return cells;
 }

@@ -84,9 +84,9 @@ void AddUlsGoverning(const TaskContext& c, HtmlPage& page) {
   for (const auto& [iCase, records] : RecordsOf(c, First(answered, kGoverning), LoadState::ULS)) {
     const CaseULSDetails& record = records.first;
     Cells cells{ReportText::CaseName(c.task, iCase)};
-    AppendThree(cells, c.isLoad ? c.text.PlaneAtFailure(record.deformation.Vector())
+    AppendThree(cells, c.isLoad ? c.text.Plane(record.deformation.Vector())
                                 : c.text.Load(record.load.Vector()));
-    AppendAnswer(cells, c.text, record.deformation, record.stressStrainSummary);
+    AppendAnswer(cells, c, record.deformation, record.stressStrainSummary);
     answers.rows.push_back(std::move(cells));
   }
   if (!answers.rows.empty()) page.Table(answers);
