@@ -210,6 +210,12 @@ void ProfileDrawing::DrawStrains(Canvas& canvas, const Box& box) const {
       const double shown = Snapped(strain, std::max(-range.first, range.second));
       values.push_back({line.back(), NumberText(shown * factor, 3)});
     }
+    constexpr double kNear = 4.0;  // there is no room for a label at either end
+    if (Length(line[1] - line[0]) < kNear) {
+      const std::string last = values.back().text;
+      values.pop_back();
+      if (values.back().text != last) values.back().text += " to " + last;
+    }
     DrawBlock(canvas, panel, line, 0.0);
     curves.push_back(std::move(line));
   }
