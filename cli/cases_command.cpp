@@ -62,12 +62,6 @@ std::string TextFrom(const std::string& from) {
   return text;
 }
 
-int IndexFrom(const std::string& number, int count, const char* what) {
-  const std::vector<int> indices = IndicesFrom(number, count, what);
-  if (indices.size() != 1) throw CommandError(std::string("give one ") + what + ", not " + number);
-  return indices.front();
-}
-
 // The largest of each number, in the units of the document.
 void PrintLargest(std::span<const TaskCase> cases, LoadAction action, const UnitText& units) {
   Vec3<double> largest;
@@ -91,9 +85,9 @@ void PrintLargest(std::span<const TaskCase> cases, LoadAction action, const Unit
 int Run(const Arguments& arguments) {
   VelmoApp app = OpenForEdit(arguments.document);
   Data::CVelmoData& document = *app.pData();
-  const int iSec = IndexFrom(arguments.section, document.NumSections(), "section");
+  const int iSec = IndexOfOne(arguments.section, document.NumSections(), "section");
   const int numTasks = static_cast<int>(document.Section(iSec).Tasks().size());
-  AnalysisTask& task = document.getSection(iSec).Task(IndexFrom(arguments.task, numTasks, "task"));
+  AnalysisTask& task = document.getSection(iSec).Task(IndexOfOne(arguments.task, numTasks, "task"));
 
   const std::string from = arguments.from == "-" ? "standard input" : arguments.from;
   CaseTable table = ReadCases(TextFrom(arguments.from), from, task.Action(), document.Units());
@@ -120,10 +114,11 @@ void AddCasesCommand(CLI::App& program, int& exitCode) {
   CLI::App* command = program.add_subcommand("cases", "Read the cases of a task from a CSV file");
   command->footer(kExample);
   command->add_option("DOC", arguments->document, "Document")->required()->check(NotEmpty);
-  command->add_option("--section", arguments->section, "Section")->required()->check(NotEmpty);
-  command->add_option("--task", arguments->task, "Task of that section")
-      ->required()
+  command
+      ->add_option("--section", arguments->section,
+                   "Number of the section; needed where there are several")
       ->check(NotEmpty);
+  command->add_option("--task", arguments->task, "Number of the task; likewise")->check(NotEmpty);
   command->add_option("--from", arguments->from, "CSV file, or - for standard input")
       ->required()
       ->check(NotEmpty);

@@ -1,27 +1,21 @@
 #include <CLI/CLI.hpp>
-#include <algorithm>
-#include <array>
-#include <cctype>
 #include <cmath>
-#include <cstddef>
-#include <filesystem>
 #include <iostream>
 #include <memory>
 #include <numbers>
 #include <optional>
 #include <string>
-#include <string_view>
-#include <vector>
 
 #include "app/diagram_json.h"
 #include "cli/commands.h"
 #include "cli/diagram_table.h"
 #include "cli/documents.h"
+#include "cli/governing_case.h"
 #include "cli/interrupt.h"
 #include "cli/number_list.h"
 #include "cli/option_checks.h"
 #include "cli/picture_file.h"
-#include "cli/prepare_task.h"
+#include "cli/solve_task.h"
 #include "cli/unit_factors.h"
 #include "model/oxutil/AtomicFile.h"
 #include "model/oxutil/ParseDouble.h"
@@ -59,10 +53,11 @@ constexpr const char* kExample = R"(Example:
 nm: N against M, the moment's direction held. --angle is measured from Myy towards Mzz, so 0 is Myy
 and 90 is Mzz; the neutral axis turns as it must for the moment across to vanish. Both signs of M
 make one closed curve.
-mm: Myy against Mzz, the axial force held.
-mk: M against curvature, axial force and direction of the moment held, from no moment until a strain
-limit is reached; past a peak the curvature goes on and the moment falls. --sls: in service, from
-the reported plane under each moment.
+mm: Myy against Mzz, the axial force held: without --axial that of the task's governing case, or 0
+without cases.
+mk: M against curvature, axial force (as for mm) and direction of the moment held, from no moment
+until a strain limit is reached; past a peak the curvature goes on and the moment falls. --sls: in
+service, from the reported plane under each moment.
 
 The table names pure compression, decompression, balanced, pure bending and pure tension, or start,
 cracking, first yield, peak and failure, and shows the task's loads with their utilisations. Under a
@@ -71,64 +66,23 @@ axial force. -o writes by the ending of the file: CSV in the document's units, J
 a sheet, A4 landscape, as .svg, .pdf or .png.
 docs/diagrams.md explains all of it. Exit status 1 when checks fail or there is no curve.)";
 
-// The one that is meant; none need be named where there is one.
-int OneOf(const std::string& text, int count, const std::string& what) {
-  if (count == 0) throw CommandError("there is no " + what + " to make a diagram of");
-  if (text.empty() && count == 1) return 0;
-  if (text.empty()) {
-    throw CommandError("there are " + std::to_string(count) + " " + what +
-                       "s: a diagram is of one; give its number with --" + what);
-  }
-  return OneIndexFrom(text, count, what);
-}
-
 double AngleFrom(const std::string& text) {
   if (text.empty()) return 0.0;
   const std::optional<double> degrees = ParseDouble(text);
   if (!degrees || !std::isfinite(*degrees)) {
     throw CommandError("--angle " + text + ": give a number of degrees, such as 30");
   }
-  return *degrees * std::numbers::pi / 180.0;
+  return std::remainder(*degrees, 360.0) * std::numbers::pi / 180.0;
 }
 
 // A force in the document's unit, or in one that follows the number.
 double ForceFrom(const std::string& text, const Data::CUnit& units) {
-  if (text.empty()) return 0.0;
-  double factor = 1.0 / units.Conversion(Dimension::force);
-  std::optional<double> number = ParseDouble(text);
-  for (std::size_t i = 1; i < text.size() && !number; ++i) {
-    const std::string_view view = text;
-    const std::size_t unit = std::min(view.size(), view.find_first_not_of(' ', i));
-    const auto toSi = FactorToSi(view.substr(unit), Dimension::force);
-    if (!toSi) continue;
-    number = ParseDouble(view.substr(0, i));
-    factor = *toSi;
-  }
-  const double force = number ? *number * factor : 0.0;
-  if (!number || !std::isfinite(force)) {
+  const auto force = QuantityFrom(text, Dimension::force, 1.0 / units.Conversion(Dimension::force));
+  if (!force) {
     throw CommandError("--axial " + text + ": give a force, such as -800 in the document's unit " +
                        "or -800kN; tension is positive");
   }
-  return force;
-}
-
-// The ending of a file in small letters.
-std::string EndingOf(const std::filesystem::path& path) {
-  std::string ending = path.extension().string();
-  std::transform(ending.begin(), ending.end(), ending.begin(),
-                 [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-  return ending;
-}
-
-constexpr std::array<std::string_view, 2> kTexts = {".csv", ".json"};
-
-void CheckEnding(const std::string& out) {
-  if (std::find(kTexts.begin(), kTexts.end(), EndingOf(out)) != kTexts.end()) return;
-  if (Plot::PictureFormatOf(out)) return;
-  std::string list;
-  for (const std::string_view ending : kTexts) list += std::string(ending) + ", ";
-  throw CommandError(out + ": the ending of the file says what is written; known are " + list +
-                     Plot::kPictureEndings);
+  return *force;
 }
 
 void WriteJson(const DiagramPlace& place, const Diagram& diagram, std::ostream& out) {
@@ -158,6 +112,29 @@ void WriteFile(const VelmoApp& app, const DiagramPlace& place, const Diagram& di
   file.Commit();
 }
 
+// Holds the axial force of the case that governs, so that its load lies in the diagram.
+void HoldAxialOfGoverning(const VelmoApp& app, DiagramPlace& place, DiagramRequest& request) {
+  const auto& task = app.pData()->Section(place.iSec).Task(place.iTask);
+  const int iCase = GoverningCase(task, request.state);
+  place.axialOf = iCase;
+  request.axial = AxialForceOf(app, place.iSec, place.iTask, iCase, request.state);
+}
+
+// What helps where there is no diagram.
+std::string AdviceOn(const VelmoApp& app, const DiagramPlace& place,
+                     const DiagramRequest& request) {
+  const auto& task = app.pData()->Section(place.iSec).Task(place.iTask);
+  const bool isUls = request.state == LoadState::ULS;
+  if (isUls && !task.ComputesULS()) {
+    return request.kind == DiagramKind::momentCurvature && task.ComputesSLS()
+               ? "; --sls gives curvatures in service"
+               : "";
+  }
+  if (!place.axialOf) return "";
+  return "; it is held at the axial force of case " + std::to_string(*place.axialOf + 1) +
+         ", which governs: --axial holds another one";
+}
+
 DiagramRequest RequestFrom(const Arguments& arguments, const Data::CUnit& units) {
   DiagramRequest request;
   request.kind = *DiagramKindFrom(arguments.kind);
@@ -171,7 +148,7 @@ DiagramRequest RequestFrom(const Arguments& arguments, const Data::CUnit& units)
     throw CommandError("--sls: a diagram of failure loads is of the ultimate limit state");
   }
   request.angle = AngleFrom(arguments.angle);
-  request.axial = ForceFrom(arguments.axial, units);
+  if (!arguments.axial.empty()) request.axial = ForceFrom(arguments.axial, units);
   request.points = arguments.points;
   request.state = arguments.service ? LoadState::SLS : LoadState::ULS;
   return request;
@@ -179,28 +156,33 @@ DiagramRequest RequestFrom(const Arguments& arguments, const Data::CUnit& units)
 
 int Run(const Arguments& arguments) {
   if (!arguments.file.out.empty()) {
-    CheckEnding(arguments.file.out);
+    CheckEnding(arguments.file.out, std::string(".csv, .json, ") + Plot::kPictureEndings);
     CheckIsNotDocument(arguments.file.out, arguments.document);
   }
   const InterruptGuard guard;
   VelmoApp app = OpenForUse(arguments.document);
   const Data::CVelmoData& document = *app.pData();
   DiagramPlace place;
-  place.iSec = OneOf(arguments.section, document.NumSections(), "section");
+  place.iSec = IndexOfOne(arguments.section, document.NumSections(), "section");
   const auto& tasks = document.Section(place.iSec).Tasks();
-  place.iTask = OneOf(arguments.task, static_cast<int>(tasks.size()), "task");
-  const DiagramRequest request = RequestFrom(arguments, document.Units());
+  place.iTask = IndexOfOne(arguments.task, static_cast<int>(tasks.size()), "task");
+  DiagramRequest request = RequestFrom(arguments, document.Units());
 
-  const std::string prefix = "section " + std::to_string(place.iSec + 1) + ", task " +
-                             std::to_string(place.iTask + 1) + ": ";
-  std::vector<std::string> messages = PrepareTask(app, place.iSec, place.iTask);
+  const bool isAxialOpen = request.kind != DiagramKind::axialMoment && arguments.axial.empty() &&
+                           document.Section(place.iSec).Task(place.iTask).NumCases() > 0;
+  const bool needsResults = isAxialOpen || request.kind != DiagramKind::momentCurvature;
+  const bool isReady = needsResults ? CheckAndSolve(app, place.iSec, place.iTask)
+                                    : CheckTask(app, place.iSec, place.iTask);
+  if (!isReady) return kProblems;
+  if (isAxialOpen) HoldAxialOfGoverning(app, place, request);
+
   Diagram diagram;
   std::string message;
-  if (messages.empty() && !app.GetDiagram(place.iSec, place.iTask, request, diagram, message)) {
-    messages.push_back(message);
+  if (!app.GetDiagram(place.iSec, place.iTask, request, diagram, message)) {
+    std::cerr << PlaceText(place.iSec, place.iTask, message) << message
+              << AdviceOn(app, place, request) << '\n';
+    return kProblems;
   }
-  for (const std::string& line : messages) std::cerr << prefix << line << '\n';
-  if (!messages.empty()) return kProblems;
 
   if (!arguments.file.out.empty()) {
     WriteFile(app, place, diagram, arguments.file);
@@ -235,7 +217,7 @@ void AddDiagramCommand(CLI::App& program, int& exitCode) {
   command
       ->add_option("--axial", arguments->axial,
                    "Held axial force, tension positive, in the document's unit or with one behind "
-                   "it; 0 without it")
+                   "it; without it that of the governing case")
       ->check(NotEmpty);
   command->add_option("--points", arguments->points, "About so many points on a curve")
       ->capture_default_str()

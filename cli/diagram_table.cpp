@@ -167,11 +167,14 @@ void PrintLoads(const VelmoApp& app, const DiagramPlace& place, const Diagram& d
   }
 }
 
-std::string HeldText(const Diagram& diagram, const UnitText& units) {
+std::string HeldText(const DiagramPlace& place, const Diagram& diagram, const UnitText& units) {
   const std::string direction = "moment held at " + AngleText(diagram.angle) +
                                 "° from Myy towards Mzz, the neutral axis turns as it must";
-  const std::string axial = "axial force held at " + units.Value(diagram.axial, Dimension::force) +
-                            " " + units.Unit(Dimension::force);
+  std::string axial = "axial force held at " + units.Value(diagram.axial, Dimension::force) + " " +
+                      units.Unit(Dimension::force);
+  if (place.axialOf) {
+    axial += ", that of case " + std::to_string(*place.axialOf + 1) + ", which governs";
+  }
   switch (diagram.kind) {
     case DiagramKind::axialMoment:
       return direction;
@@ -219,7 +222,7 @@ void PrintDiagram(const VelmoApp& app, const DiagramPlace& place, const Diagram&
       << place.iTask + 1 << quoted(section.Task(place.iTask).Name()) << ": diagram of "
       << TitleOf(diagram.kind) << ", " << (diagram.state == LoadState::ULS ? "ULS" : "SLS") << ", "
       << CodeText(*app.pData()) << '\n'
-      << HeldText(diagram, units) << "\n\n";
+      << HeldText(place, diagram, units) << "\n\n";
   PrintPoints(diagram, all, units, out);
   if (!all) {
     out << diagram.nominal.size() << " points on the curve; --all shows every one\n";

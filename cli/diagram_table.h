@@ -1,6 +1,7 @@
 #pragma once
 
 #include <iosfwd>
+#include <optional>
 
 #include "app/VelmoApp.h"
 #include "model/vlsol/diagrams/diagrams.h"
@@ -11,6 +12,7 @@ namespace Orlix::Cli {
 struct DiagramPlace {
   int iSec{};
   int iTask{};
+  std::optional<int> axialOf;  ///< the case whose axial force is held, from 0; null: as asked for
 };
 
 /// Prints what is held, the points with a name, or all of them, and the loads, worst first, in the

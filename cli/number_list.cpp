@@ -64,6 +64,17 @@ int OneIndexFrom(std::string_view text, int count, std::string_view what) {
   return indices.front();
 }
 
+int IndexOfOne(std::string_view text, int count, std::string_view what) {
+  const std::string name(what);
+  if (count == 0) throw CommandError("there is no " + name);
+  if (text.empty() && count == 1) return 0;
+  if (text.empty()) {
+    throw CommandError("there are " + std::to_string(count) + " " + name +
+                       "s, one is needed: give its number with --" + name);
+  }
+  return OneIndexFrom(text, count, what);
+}
+
 std::vector<int> ChosenIndices(std::string_view text, int count, std::string_view what) {
   if (!text.empty()) return IndicesFrom(text, count, what);
   std::vector<int> all(static_cast<std::size_t>(count));

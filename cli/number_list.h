@@ -16,6 +16,10 @@ std::vector<int> IndicesFrom(std::string_view text, int count, std::string_view 
 /// @throws CommandError when it is none or not within 1 to `count`.
 int OneIndexFrom(std::string_view text, int count, std::string_view what);
 
+/// As OneIndexFrom; where there is only one, it need not be named.
+/// @throws CommandError, too, when the text is empty and there are none or several.
+int IndexOfOne(std::string_view text, int count, std::string_view what);
+
 /// As IndicesFrom; all of them when the text is empty.
 std::vector<int> ChosenIndices(std::string_view text, int count, std::string_view what);
 

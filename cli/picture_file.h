@@ -1,6 +1,8 @@
 #pragma once
 
+#include <filesystem>
 #include <string>
+#include <string_view>
 
 #include "plot/picture.h"
 
@@ -15,6 +17,13 @@ struct PictureArguments {
   std::string out;
   int widthPx{Plot::PictureOptions{}.widthPx};
 };
+
+/// The ending of a file's name in small letters, with its point; empty without one.
+std::string EndingOf(const std::filesystem::path& path);
+
+/// @param endings  those that a command writes, such as ".csv, .json"
+/// @throws CommandError, which lists them, for a file with another ending
+void CheckEnding(const std::string& out, std::string_view endings);
 
 /// Adds the option of a PNG's width. That of the file is the command's own.
 void AddPictureWidth(CLI::App& command, PictureArguments& arguments);

@@ -50,30 +50,19 @@ const std::map<std::string, Plot::SectionState>& States() {
   return kStates;
 }
 
-// The one that is meant; none need be named where there is one.
-int OneOf(const std::string& text, int count, const std::string& what) {
-  if (count == 0) throw CommandError("there is no " + what + " to draw");
-  if (text.empty() && count == 1) return 0;
-  if (text.empty()) {
-    throw CommandError("there are " + std::to_string(count) + " " + what +
-                       "s: a picture is of one; give its number with --" + what);
-  }
-  return OneIndexFrom(text, count, what);
-}
-
 int Run(const Arguments& arguments) {
   const Plot::PictureOptions options = PictureOptionsFrom(arguments.picture);
   CheckIsNotDocument(arguments.picture.out, arguments.document);
   const InterruptGuard guard;
   VelmoApp app = OpenForUse(arguments.document);
   const Data::CVelmoData& document = *app.pData();
-  const int iSec = OneOf(arguments.section, document.NumSections(), "section");
+  const int iSec = IndexOfOne(arguments.section, document.NumSections(), "section");
   std::optional<Plot::PictureCase> ofCase;
   if (!arguments.oneCase.empty()) {
     const auto& tasks = document.Section(iSec).Tasks();
-    const int iTask = OneOf(arguments.task, static_cast<int>(tasks.size()), "task");
+    const int iTask = IndexOfOne(arguments.task, static_cast<int>(tasks.size()), "task");
     const int count = document.Section(iSec).Task(iTask).NumCases();
-    ofCase = {iTask, OneOf(arguments.oneCase, count, "case"), Plot::SectionState::reported};
+    ofCase = {iTask, IndexOfOne(arguments.oneCase, count, "case"), Plot::SectionState::reported};
     if (!arguments.state.empty()) ofCase->state = States().at(arguments.state);
     if (!CheckAndSolve(app, iSec, iTask)) return kProblems;
   }

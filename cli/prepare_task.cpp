@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "model/vldata/response/bar_problems.h"
 #include "model/vldata/response/stages.h"
 
 namespace Orlix::Cli {
@@ -22,15 +23,19 @@ std::vector<CaseIndex> StagesOf(const Data::Velmo9::VelmoSection& section, int i
   return stages;
 }
 
-// Appends the messages about a task that are not there yet.
-bool Check(const VelmoApp& app, int iSec, int iTask, std::vector<std::string>& messages) {
-  std::vector<std::string> found;
-  const bool passed = app.preSolutionChecksPassed(found, iSec, iTask);
-  for (std::string& message : found) {
+// Appends those that are not there yet.
+void Append(std::vector<std::string> more, std::vector<std::string>& messages) {
+  for (std::string& message : more) {
     if (std::find(messages.begin(), messages.end(), message) == messages.end()) {
       messages.push_back(std::move(message));
     }
   }
+}
+
+bool Check(const VelmoApp& app, int iSec, int iTask, std::vector<std::string>& messages) {
+  std::vector<std::string> found;
+  const bool passed = app.preSolutionChecksPassed(found, iSec, iTask);
+  Append(std::move(found), messages);
   return passed;
 }
 
@@ -45,6 +50,9 @@ std::vector<std::string> PrepareTask(VelmoApp& app, int iSec, int iTask) {
     app.SolveTask(section, stage.iTask);
   }
   Check(app, iSec, iTask, messages);
+  if (messages.empty()) return messages;
+  // Where a bar description goes wrong, which the checks sum up.
+  Append(Data::Velmo9::DescriptionProblems(*app.pData(), section), messages);
   return messages;
 }
 

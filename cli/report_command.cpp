@@ -1,5 +1,4 @@
 #include <CLI/CLI.hpp>
-#include <algorithm>
 #include <cstddef>
 #include <ctime>
 #include <filesystem>
@@ -8,12 +7,14 @@
 #include <memory>
 #include <numeric>
 #include <string>
+#include <system_error>
 #include <vector>
 
 #include "cli/commands.h"
 #include "cli/documents.h"
 #include "cli/number_list.h"
 #include "cli/option_checks.h"
+#include "cli/picture_file.h"
 #include "cli/report_outputs.h"
 #include "cli/solve_task.h"
 #include "model/oxutil/AtomicFile.h"
@@ -42,27 +43,14 @@ constexpr const char* kExample = R"(Example:
 A file that ends in .html is a page for people: inputs, checks, drawings, governing cases, tables
 and how to read them. It needs nothing beside it, opens in any browser and prints on A4.
 
-Otherwise the report is CSV, text in UTF-8 with commas between the fields and a point in numbers.
+One that ends in .csv or .txt, or standard output, is CSV, text in UTF-8 with commas between the
+fields and a point in numbers.
 Cases that are not carried at ULS have no SLS rows. Both are in the document's units. Exit status 1,
 and no file, when checks fail.
 
 Outputs of CSV, in the order of the report; "all", "uls" and "sls" stand for those that say
 something of the task:
 )";
-
-// The one that is meant; none need be named where there is one.
-int OneOf(const std::string& text, int count, const std::string& what) {
-  if (text.empty() && count == 1) return 0;
-  if (text.empty()) {
-    throw CommandError("there are " + std::to_string(count) + " " + what +
-                       "s: a report is of one; give its number with --" + what);
-  }
-  const std::vector<int> indices = IndicesFrom(text, count, what);
-  if (indices.size() > 1) {
-    throw CommandError("--" + what + " " + text + ": a report is of one " + what);
-  }
-  return indices.front();
-}
 
 std::vector<int> CasesFrom(const std::string& text, int count) {
   if (!text.empty()) return IndicesFrom(text, count, "case");
@@ -97,11 +85,15 @@ void Write(const Velmo::CsvBuilder& builder, const std::vector<std::string>& lin
 }
 
 bool IsHtml(const std::string& out) {
-  std::string ending = std::filesystem::path(out).extension().string();
-  std::ranges::transform(ending, ending.begin(), [](char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-  });
+  const std::string ending = EndingOf(out);
   return ending == ".html" || ending == ".htm";
+}
+
+// A device or a pipe takes CSV whatever its name.
+void CheckOut(const std::string& out, const std::string& document) {
+  CheckIsNotDocument(out, document);
+  std::error_code error;
+  if (!std::filesystem::is_other(out, error)) CheckEnding(out, ".html, .htm, .csv, .txt");
 }
 
 // "2026-11-23 04:50", local time; empty where the system has none.
@@ -137,6 +129,7 @@ int ReportHtml(const Arguments& arguments, VelmoApp& app, int iSec, int iTask) {
 }
 
 int Run(const Arguments& arguments, bool isCsvAsked, bool isHtmlAsked) {
+  if (!arguments.out.empty()) CheckOut(arguments.out, arguments.document);
   const bool isHtml = IsHtml(arguments.out);
   if (isHtml && isCsvAsked) {
     throw CommandError("--cases and --outputs are of a CSV report; a page has all of the task");
@@ -144,10 +137,9 @@ int Run(const Arguments& arguments, bool isCsvAsked, bool isHtmlAsked) {
   if (!isHtml && isHtmlAsked) throw CommandError("--rows is of a page: -o report.html");
   VelmoApp app = OpenForUse(arguments.document);
   const Data::CVelmoData& document = *app.pData();
-  const int iSec = OneOf(arguments.section, document.NumSections(), "section");
+  const int iSec = IndexOfOne(arguments.section, document.NumSections(), "section");
   const auto& tasks = document.Section(iSec).Tasks();
-  const int iTask = OneOf(arguments.task, static_cast<int>(tasks.size()), "task");
-  if (!arguments.out.empty()) CheckIsNotDocument(arguments.out, arguments.document);
+  const int iTask = IndexOfOne(arguments.task, static_cast<int>(tasks.size()), "task");
   return isHtml ? ReportHtml(arguments, app, iSec, iTask) : ReportCsv(arguments, app, iSec, iTask);
 }
 
@@ -178,7 +170,8 @@ void AddReportCommand(CLI::App& program, int& exitCode) {
                                 "Page: rows of a table of cases; of more the worst are listed")
                    ->capture_default_str()
                    ->check(CLI::Range(std::size_t{1}, kMostRows));
-  command->add_option("-o,--output", arguments->out, "Write the report to a file; .html: a page")
+  command
+      ->add_option("-o,--output", arguments->out, "File to write: .html a page, .csv or .txt CSV")
       ->check(NotEmpty);
   command->callback([arguments, cases, outputs, rows, &exitCode] {
     const bool isCsvAsked = cases->count() > 0 || outputs->count() > 0;

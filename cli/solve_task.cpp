@@ -9,16 +9,29 @@
 #include "cli/commands.h"
 #include "cli/interrupt.h"
 #include "cli/prepare_task.h"
+#include "cli/printable.h"
 #include "model/vlsol/Solver.h"
 
 namespace Orlix::Cli {
 
-bool CheckAndSolve(VelmoApp& app, int iSec, int iTask) {
-  const std::string place =
-      "section " + std::to_string(iSec + 1) + ", task " + std::to_string(iTask + 1) + ": ";
+std::string PlaceText(int iSec, int iTask, const std::string& message) {
+  const std::string section = "section " + std::to_string(iSec + 1);
+  const std::string number = std::to_string(iTask + 1);
+  if (message.starts_with("Error from task " + number + ": ")) return section + ": ";
+  return section + ", task " + number + ": ";
+}
+
+bool CheckTask(VelmoApp& app, int iSec, int iTask) {
   const std::vector<std::string> messages = PrepareTask(app, iSec, iTask);
-  for (const std::string& message : messages) std::cerr << place << message << '\n';
-  if (!messages.empty()) return false;
+  for (const std::string& message : messages) {
+    std::cerr << PlaceText(iSec, iTask, message) << Printable(message) << '\n';
+  }
+  return messages.empty();
+}
+
+bool CheckAndSolve(VelmoApp& app, int iSec, int iTask) {
+  const std::string place = PlaceText(iSec, iTask, "");
+  if (!CheckTask(app, iSec, iTask)) return false;
   Data::Velmo9::VelmoSection& section = app.pData()->getSection(iSec);
   ProgressLine line(place);
   VlSol::SolveOptions options;

@@ -3,7 +3,6 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <charconv>
-#include <cmath>
 #include <set>
 #include <string_view>
 #include <system_error>
@@ -12,7 +11,7 @@
 #include "cli/commands.h"
 #include "cli/number_list.h"
 #include "cli/option_checks.h"
-#include "model/oxutil/ParseDouble.h"
+#include "cli/unit_factors.h"
 #include "model/vldata/json/task_names.h"
 
 namespace Orlix::Cli {
@@ -32,17 +31,22 @@ std::vector<std::string> Fields(const std::string& text) {
   return fields;
 }
 
-// "N,Myy,Mzz" or "name=N,Myy,Mzz", in SI.
-Data::Velmo9::TaskCase CaseFrom(const std::string& text) {
+// "N,Myy,Mzz" or "name=N,Myy,Mzz", in SI where no unit is given.
+Data::Velmo9::TaskCase CaseFrom(const std::string& text, LoadAction action) {
+  const bool isLoad = action == LoadAction::load;
+  const Dimension first = isLoad ? Dimension::force : Dimension::strain;
+  const Dimension other = isLoad ? Dimension::moment : Dimension::curvature;
   const std::size_t behindName = text.rfind('=') + 1;  // 0 without a name
   const auto fields = Fields(text.substr(behindName));
   std::vector<double> numbers;
   for (const std::string& field : fields) {
-    const auto number = ParseDouble(field);
-    if (number && std::isfinite(*number)) numbers.push_back(*number);
+    const auto number = QuantityFrom(field, numbers.empty() ? first : other, 1.0);
+    if (number) numbers.push_back(*number);
   }
   if (fields.size() != 3 || numbers.size() != 3) {
-    throw CommandError("--case " + text + ": give three numbers, as in wind=-1e6,2e5,0");
+    throw CommandError("--case " + text + ": give three numbers, as in " +
+                       (isLoad ? "wind=-1e6,2e5,0 or wind=-1000kN,200kNm,0"
+                               : "wind=-1e-4,2e-3,0 or wind=-0.1‰,2‰/m,0"));
   }
   return {behindName == 0 ? "" : text.substr(0, behindName - 1),
           {numbers[0], numbers[1], numbers[2]}};
@@ -91,7 +95,7 @@ void TaskOptions::AddTo(CLI::App& command) {
   command
       .add_option("--case", cases_,
                   "N,Myy,Mzz [N, Nm] or eps,kyy,kzz [1/m] of a case, in place of those there are; "
-                  "wind=-1e6,2e5,0 has a name; may be repeated")
+                  "wind=-1000kN,2e5,0 has a name and a unit; may be repeated")
       ->check(NotEmpty)
       ->allow_extra_args(false);
 }
@@ -129,7 +133,7 @@ void TaskOptions::ApplyTo(AnalysisTask& task, int numComponents) const {
   if (!preload_.empty()) task.SetPreloadFrom(PreloadFrom(preload_));
   if (!cases_.empty()) {
     std::vector<Data::Velmo9::TaskCase> cases;
-    for (const std::string& text : cases_) cases.push_back(CaseFrom(text));
+    for (const std::string& text : cases_) cases.push_back(CaseFrom(text, task.Action()));
     task.SetCases(std::move(cases));
   }
 }

@@ -1,8 +1,12 @@
 #include "cli/unit_factors.h"
 
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
 #include <string>
 
 #include "model/oxutil/CUnit.h"
+#include "model/oxutil/ParseDouble.h"
 #include "model/oxutil/text.h"
 
 namespace Orlix::Cli {
@@ -61,6 +65,22 @@ std::optional<double> FactorToSi(std::string_view text, Dimension dimension) {
     default:
       return BaseFactor(text, dimension);
   }
+}
+
+std::optional<double> QuantityFrom(std::string_view text, Dimension dimension, double bare) {
+  constexpr std::size_t kLongest = 400;  // bytes; more is no number that anybody writes
+  if (text.size() > kLongest) return std::nullopt;
+  std::optional<double> number = ParseDouble(text);
+  double factor = bare;
+  for (std::size_t i = 1; i < text.size() && !number; ++i) {
+    const std::size_t unit = std::min(text.size(), text.find_first_not_of(' ', i));
+    const auto toSi = FactorToSi(text.substr(unit), dimension);
+    if (!toSi) continue;
+    number = ParseDouble(text.substr(0, i));
+    factor = *toSi;
+  }
+  if (!number || !std::isfinite(*number * factor)) return std::nullopt;
+  return *number * factor;
 }
 
 }  // namespace Orlix::Cli

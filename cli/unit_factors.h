@@ -15,4 +15,9 @@ namespace Orlix::Cli {
 /// @return nothing for no such unit
 std::optional<double> FactorToSi(std::string_view text, Dimension dimension);
 
+/// A number in SI units, from one with or without a unit behind it, such as "-800kN" or "-8e5".
+/// @param bare  what a number without a unit is multiplied by
+/// @return nothing for what is no finite number or no unit of the dimension
+std::optional<double> QuantityFrom(std::string_view text, Dimension dimension, double bare);
+
 }  // namespace Orlix::Cli

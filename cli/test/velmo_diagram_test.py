@@ -12,6 +12,7 @@ import tempfile
 import unittest
 
 VELMO = os.path.abspath(sys.argv.pop(1))
+EXAMPLES = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "examples")
 
 
 class Diagram(unittest.TestCase):
@@ -68,12 +69,25 @@ class Diagram(unittest.TestCase):
             (("nm", "--axial", "3"), 2, "leave it out"),
             (("mm", "--axial", "many"), 2, "-800kN"),
             (("mm", "--axial", "-9e9"), 1, "does not carry this axial force"),
+            (("mm", "--task", "2"), 2, "task 2 is not there"),
             (("mk", "--sls"), 1, "does not compute SLS"),
             (("mk", "--points", "3"), 2, "12"),
         ):
             kind, *rest = arguments
             self.assertIn(said, self.run_velmo("diagram", kind, "a.json", *rest, status=status))
         self.assertEqual(os.listdir(self.folder), ["a.json"])
+
+    def test_utilisations_are_those_of_solve_and_the_governing_load_lies_in_mm(self):
+        for name, task in (("column", 1), ("column", 2), ("round-column", 3)):
+            where = (os.path.join(EXAMPLES, name + ".json"), "--section", "1", "--task", str(task))
+            worst = [line for line in self.run_velmo("solve", *where).splitlines()
+                     if line.startswith("Governing: ")]
+            for kind in ("nm", "mm"):
+                text = self.run_velmo("diagram", kind, *where)
+                self.assertIn(worst[0], text)
+            self.assertNotIn("outside the diagram's plane", text)
+            held = text.splitlines()[1]
+            self.assertIn(worst[0].split(",")[0].removeprefix("Governing: "), held)
 
     def test_curvature_in_service_ends_at_yield(self):
         document = json.loads(self.read("a.json"))

@@ -98,7 +98,9 @@ class Editing(unittest.TestCase):
     def test_references_follow_their_task(self):
         for options in [[], [], ["--preload", "2,1"]]:
             self.run_velmo("task", "add", "column.json", "--section", "1", "--name", "t",
-                           "--case", "-1e5,2e4,0", *options)
+                           "--case", "q=-100kN,20 kNm,0", *options)
+        self.assertEqual(self.document()["sections"][0]["tasks"][-1]["cases"],
+                         [{"name": "q", "N": -1e5, "Myy": 2e4, "Mzz": 0.0}])
         delete = ["task", "delete", "column.json", "--section", "1", "--task"]
         self.run_velmo(*delete, "1")
         self.assertEqual(self.document()["sections"][0]["tasks"][2]["preload"]["task"], 1)

@@ -60,6 +60,8 @@ class Report(unittest.TestCase):
                 (["--outputs", "uls.responseLoad"], "the task's cases are loads"),
                 (["--task", "1-2"], "task 2"),
                 (["--cases", "9"], "1 to 4"),
+                (["-o", "r.pdf"], ".html, .htm, .csv"),
+                (["-o", "report"], ".html, .htm, .csv"),
                 (["-o", "a.json"], "document itself"),
                 (["-o", "no/r.csv"], "no/r.csv"),
                 (["-o", "/dev/full"], "disk full")]:
