@@ -44,6 +44,7 @@ td.n { white-space: nowrap; }
 tr.e td { font-weight: bold; }
 .facts th { font-weight: normal; color: #333; white-space: nowrap; padding-left: 0; }
 .facts td, .facts th { border: 0; max-width: none; }
+.facts td { overflow-wrap: anywhere; }
 figure { margin: 4mm 0; }
 figure svg { display: block; width: 100%; height: auto; border: 0.15mm solid #999; }
 figcaption { font-size: 9pt; padding-top: 1mm; }
