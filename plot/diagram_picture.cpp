@@ -222,7 +222,7 @@ std::string DiagramPicture(const VelmoApp& app, int iSec, int iTask, const Diagr
     drawing.Draw(canvas);
     DrawTable(canvas, diagram, units, table);
     const int beyond = drawing.LoadsBeyond();
-    if (beyond > 0) remark = std::to_string(beyond) + " of the loads lie far outside the picture.";
+    if (beyond > 0) remark = "Loads far outside the picture: " + std::to_string(beyond) + ".";
   }
   std::vector<InfoColumn> columns = {Conditions(diagram, units), LoadColumn(diagram, units)};
   double left = SheetFrame::kInfo.Width();

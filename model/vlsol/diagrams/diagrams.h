@@ -55,11 +55,11 @@ struct DiagramPoint {
 
 /// A load of the task, drawn into a diagram of axial force and moment or of two moments.
 struct DiagramLoad {
-  int iCase{};           ///< from 0
-  Vec2<double> at;       ///< projection on the diagram's plane, coordinates as of its points
-  Vec3<double> load;     ///< (N, Myy, Mzz) [N, Nm]
-  double outOfPlane{};   ///< what the projection leaves out: the moment across [Nm], or N - held N
-  bool isInPlane{};      ///< nothing worth the name is left out
+  int iCase{};          ///< from 0
+  Vec2<double> at;      ///< projection on the diagram's plane, coordinates as of its points
+  Vec3<double> load;    ///< (N, Myy, Mzz) [N, Nm]
+  double outOfPlane{};  ///< what the projection leaves out: the moment across [Nm], or N - held N
+  bool isInPlane{};     ///< nothing worth the name is left out
   /// Of the load, or of the deformation where deformations are imposed; +infinity: no capacity.
   double utilisation{};
   bool isCarried{};
