@@ -5,6 +5,7 @@
 
 #include "model/oxdata/section/section_properties.h"
 #include "model/oxutil/text.h"
+#include "model/vldata/document/used_grades.h"
 #include "plot/drawing_text.h"
 #include "reports/html/HtmlPage.h"
 #include "reports/html/ReportText.h"
@@ -133,6 +134,9 @@ std::string HtmlReport(const VelmoApp& app, int iSec, int iTask, const HtmlRepor
                           : "NOTHING TO SOLVE: the task has no cases or no limit state.");
   }
   AddChecks(messages, page);
+  for (const std::string& line : Data::ForeignFactors(*app.pData(), app.pData()->Section(iSec))) {
+    page.Verdict("Factors not of the code: " + line);
+  }
   if (isSolved) {
     page.Heading("Governing cases");
     if (task.ComputesULS()) AddUlsGoverning(context, page);
