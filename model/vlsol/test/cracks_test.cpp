@@ -289,7 +289,7 @@ TEST(Cracks, CountFromDecompression) {
 // the steps are a millionth of that, and a jump of a thousandth would be seen.
 void ExpectContinuous(const std::function<double(double)>& width, double from, double to) {
   constexpr double kStep = 1e-9;
-  constexpr int kPlaces = 60;
+  constexpr int kPlaces = 24;
   // Each stretch between two places is bisected towards where it changes most.
   for (int i = 0; i < kPlaces; ++i) {
     double a = from + (to - from) * i / kPlaces;
