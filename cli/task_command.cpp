@@ -136,7 +136,8 @@ std::string ComponentsText(const AnalysisTask& task, std::size_t numComponents) 
   std::string text;
   for (std::size_t i = 0; i < numComponents; ++i) {
     if (!task.IncludesComponent(static_cast<int>(i))) continue;
-    text += (text.empty() ? "" : ",") + std::to_string(i + 1);
+    if (!text.empty()) text += ',';
+    text += std::to_string(i + 1);
   }
   return text.empty() ? "none" : text;
 }
