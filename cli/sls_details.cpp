@@ -10,6 +10,7 @@
 #include "cli/detail_tables.h"
 #include "cli/sls_table.h"
 #include "model/oxutil/StringFrom.h"
+#include "results/result_text.h"
 
 namespace Orlix::Cli {
 

@@ -138,30 +138,6 @@ void PrintWidest(const std::vector<Rank>& ranks, const UnitText& units, std::ost
 
 }  // namespace
 
-bool HasSolution(const CaseSLSDetails& record) {
-  return record.resultKind == SlsResultKind::uncracked ||
-         record.resultKind == SlsResultKind::cracked;
-}
-
-std::string CrackingText(double utilisation) {
-  // Concrete without tensile strength cracks at once.
-  return std::isfinite(utilisation) ? UtilisationText(utilisation) : "-";
-}
-
-const char* StateText(const CaseSLSDetails& record) {
-  switch (record.resultKind) {
-    case SlsResultKind::uncracked:
-      return "uncracked";
-    case SlsResultKind::cracked:
-      return "cracked";
-    case SlsResultKind::noSolution:
-      return "NO SOLUTION";
-    case SlsResultKind::notCalculated:
-      break;
-  }
-  return "nothing applied";
-}
-
 void PrintSlsTable(const VelmoApp& app, int iSec, int iTask, const std::vector<int>& cases,
                    std::size_t limit, std::ostream& out) {
   const AnalysisTask& task = app.pData()->Section(iSec).Task(iTask);

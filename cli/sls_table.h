@@ -23,13 +23,4 @@ void PrintSlsTable(const VelmoApp& app, int iSec, int iTask, const std::vector<i
 void PrintSlsDetails(const VelmoApp& app, int iSec, int iTask, const std::vector<int>& cases,
                      std::ostream& out);
 
-/// "cracked", "uncracked", "NO SOLUTION", or "nothing applied" for an empty case.
-const char* StateText(const Data::Velmo9::CaseSLSDetails& record);
-
-/// Whether a case has strains, stresses and stiffness.
-bool HasSolution(const Data::Velmo9::CaseSLSDetails& record);
-
-/// A cracking utilisation, as UtilisationText; "-" where the concrete bears no tension.
-std::string CrackingText(double utilisation);
-
 }  // namespace Orlix::Cli

@@ -32,6 +32,30 @@ std::string UtilisationText(double utilisation) {
   return text;
 }
 
+std::string CrackingText(double utilisation) {
+  // Concrete without tensile strength cracks at once.
+  return std::isfinite(utilisation) ? UtilisationText(utilisation) : "-";
+}
+
+bool HasSolution(const Data::Velmo9::CaseSLSDetails& record) {
+  return record.resultKind == Data::Velmo9::SlsResultKind::uncracked ||
+         record.resultKind == Data::Velmo9::SlsResultKind::cracked;
+}
+
+const char* StateText(const Data::Velmo9::CaseSLSDetails& record) {
+  switch (record.resultKind) {
+    case Data::Velmo9::SlsResultKind::uncracked:
+      return "uncracked";
+    case Data::Velmo9::SlsResultKind::cracked:
+      return "cracked";
+    case Data::Velmo9::SlsResultKind::noSolution:
+      return "NO SOLUTION";
+    case Data::Velmo9::SlsResultKind::notCalculated:
+      break;
+  }
+  return "nothing applied";
+}
+
 std::string Fixed(double value, int decimals) {
   char buffer[400];  // the largest double has 309 digits before the point
   const auto end =

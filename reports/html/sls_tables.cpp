@@ -21,25 +21,6 @@ namespace {
 
 constexpr std::size_t kGoverning = 5;  // cases that are shown in full
 
-bool HasSolution(const CaseSLSDetails& record) {
-  return record.resultKind == SlsResultKind::uncracked ||
-         record.resultKind == SlsResultKind::cracked;
-}
-
-std::string StateText(const CaseSLSDetails& record) {
-  switch (record.resultKind) {
-    case SlsResultKind::uncracked:
-      return "uncracked";
-    case SlsResultKind::cracked:
-      return "cracked";
-    case SlsResultKind::noSolution:
-      return "NO SOLUTION";
-    case SlsResultKind::notCalculated:
-      break;
-  }
-  return "nothing applied";
-}
-
 Columns SlsColumns(const TaskContext& c) {
   Columns columns = InputColumns(c);
   AppendColumns(columns, Columns{{"State", "", false}, {"Cracking"}, {"zeta"}});
@@ -57,7 +38,7 @@ Cells SlsCells(const TaskContext& c, int iCase, const CaseSLSDetails& record) {
   Cells cells = InputCells(c, iCase);
   cells.push_back(StateText(record));
   const double cracking = result.CrackingUtilisation();  // +infinity: the concrete bears no tension
-  cells.push_back(number(std::isfinite(cracking) ? UtilisationText(cracking) : "-"));
+  cells.push_back(number(CrackingText(cracking)));
   cells.push_back(number(NumberText(record.zeta)));
   if (c.hasCrackWidth) {
     cells.push_back(number(c.text.Value(record.crackWidth, Dimension::sectionDimensions)));
